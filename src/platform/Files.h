@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Result.h"
+
+namespace tarnbridge {
+
+/// The whole content of a file. A file larger than `limit` bytes is a failure.
+Result<std::string> ReadFile(const std::filesystem::path& path, uint64_t limit = UINT64_MAX);
+
+/// Replaces a file by new content so that at every moment the old or the new content is there, whole: the
+/// bytes go to a temporary file beside it, are flushed to the disk, and the file is renamed over the old one,
+/// whose permissions are kept. A failure leaves the old file as it was and no temporary file behind. Missing
+/// folders are made. A symbolic link is followed.
+Outcome WriteFileAtomically(const std::filesystem::path& path, std::string_view content);
+
+/// The entries of a folder whose name matches a pattern with `*` and `?`, sorted by name. Empty when the folder
+/// can't be read.
+std::vector<std::filesystem::path> FindFiles(const std::filesystem::path& folder, std::string_view pattern);
+
+/// Whether a name matches a pattern with `*` (any run of characters) and `?` (any one character).
+bool MatchesPattern(std::string_view name, std::string_view pattern);
+
+/// The failure of the last system call, worded "cannot WHAT NAME: REASON".
+SystemFailure LastSystemFailure(std::string_view what, const std::filesystem::path& name);
+
+}  // namespace tarnbridge

@@ -1,0 +1,75 @@
+#include "platform/Event.h"
+
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include "support/ManualClock.h"
+
+namespace tarnbridge {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(Event, AutomaticReleasesOneWaiterASet) {
+    Event event(ResetMode::Automatic);
+    event.Set();
+    EXPECT_TRUE(event.Wait(0ms));
+    EXPECT_FALSE(event.Wait(0ms));
+}
+
+TEST(Event, ManualStaysUntilReset) {
+    Event event(ResetMode::Manual);
+    event.Set();
+    EXPECT_TRUE(event.Wait(0ms));
+    EXPECT_TRUE(event.Wait(0ms));
+    event.Reset();
+    EXPECT_FALSE(event.Wait(0ms));
+}
+
+TEST(Event, WaitAnyConsumesOnlyTheFirstSignalled) {
+    Event first(ResetMode::Automatic);
+    Event second(ResetMode::Automatic);
+    Event third(ResetMode::Automatic);
+    Event* const all[] = {&first, &second, &third};
+    EXPECT_EQ(Event::WaitAny(all, 1ms), -1);
+    second.Set();
+    third.Set();
+    EXPECT_EQ(Event::WaitAny(all, forever), 1);
+    EXPECT_TRUE(third.IsSet());
+}
+
+TEST(Event, NoSetIsLostBetweenThreads) {
+    Event ping(ResetMode::Automatic);
+    Event pong(ResetMode::Automatic);
+    constexpr int rounds = 2000;
+    std::thread other([&] {
+        for (int i = 0; i < rounds; ++i) {
+            ping.Wait(forever);
+            pong.Set();
+        }
+    });
+    int answered = 0;
+    for (int i = 0; i < rounds; ++i) {
+        ping.Set();
+        if (pong.Wait(10s)) ++answered;
+    }
+    other.join();
+    EXPECT_EQ(answered, rounds);
+}
+
+TEST(ManualClock, TimeOutEndsWhenTheTimeHasPassed) {
+    test::ManualClock clock;
+    Event event(ResetMode::Manual);
+    bool signalled = true;
+    std::thread waiter([&] { signalled = clock.Wait(event, 500ms); });
+    clock.AwaitWaiters(1);
+    clock.Advance(499ms);
+    clock.AwaitWaiters(1);
+    clock.Advance(1ms);
+    waiter.join();
+    EXPECT_FALSE(signalled);
+}
+
+}  // namespace
+}  // namespace tarnbridge
