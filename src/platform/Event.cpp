@@ -22,7 +22,8 @@ Event::Event(ResetMode mode) : mode_(mode) {}
 void Event::Set() {
     const std::lock_guard guard(mutex_);
     signalled_.store(true, std::memory_order_release);
-    for (Waiter* waiter : waiters_) waiter->Notify();
+    for (Waiter* waiter : waiters_)
+        waiter->Notify();
 }
 
 void Event::Reset() {
@@ -61,10 +62,11 @@ int Event::WaitAny(std::span<Event* const> events, Milliseconds timeout) {
     if (index >= 0 || timeout <= Milliseconds::zero()) return index;
 
     const bool limited = timeout != forever;
-    const auto deadline = limited ? std::chrono::steady_clock::now() + timeout
-                                  : std::chrono::steady_clock::time_point::max();
+    const auto deadline =
+        limited ? std::chrono::steady_clock::now() + timeout : std::chrono::steady_clock::time_point::max();
     Waiter waiter;
-    for (Event* event : events) event->AddWaiter(waiter);
+    for (Event* event : events)
+        event->AddWaiter(waiter);
     // A Set between the first look and the registration is seen here; a later one notifies.
     while ((index = firstSignalled()) < 0) {
         std::unique_lock guard(waiter.mutex);
@@ -76,7 +78,8 @@ int Event::WaitAny(std::span<Event* const> events, Milliseconds timeout) {
         }
         waiter.notified = false;
     }
-    for (Event* event : events) event->RemoveWaiter(waiter);
+    for (Event* event : events)
+        event->RemoveWaiter(waiter);
     return index;
 }
 

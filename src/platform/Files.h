@@ -19,8 +19,8 @@ Result<std::string> ReadFile(const std::filesystem::path& path, uint64_t limit =
 /// folders are made. A symbolic link is followed.
 Outcome WriteFileAtomically(const std::filesystem::path& path, std::string_view content);
 
-/// The entries of a folder whose name matches a pattern with `*` and `?`, sorted by name. Empty when the folder
-/// can't be read.
+/// The entries of a folder whose name matches a pattern with `*` and `?`, sorted by name. Empty when the
+/// folder can't be read.
 std::vector<std::filesystem::path> FindFiles(const std::filesystem::path& folder, std::string_view pattern);
 
 /// Whether a name matches a pattern with `*` (any run of characters) and `?` (any one character).

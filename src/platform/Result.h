@@ -16,7 +16,7 @@ struct SystemFailure {
 template <typename T>
 class Result {
 public:
-    Result(T value) : content_(std::move(value)) {}                // NOLINT(google-explicit-constructor)
+    Result(T value) : content_(std::move(value)) {}                  // NOLINT(google-explicit-constructor)
     Result(SystemFailure failure) : content_(std::move(failure)) {}  // NOLINT(google-explicit-constructor)
 
     explicit operator bool() const { return std::holds_alternative<T>(content_); }

@@ -42,7 +42,7 @@ void AppendUtf8(std::string& utf8, char32_t point) {
 char32_t NextPoint(std::string_view utf8, size_t& position) {
     const auto lead = static_cast<uint8_t>(utf8[position++]);
     if (lead < 0x80) return lead;
-    const int following = lead >= 0xF0 && lead <= 0xF4   ? 3
+    const int following = lead >= 0xF0 && lead <= 0xF4  ? 3
                           : lead >= 0xE0 && lead < 0xF0 ? 2
                           : lead >= 0xC2 && lead < 0xE0 ? 1
                                                         : 0;
@@ -68,7 +68,8 @@ char LowerAscii(char c) {
 std::u16string Utf8ToText(std::string_view utf8) {
     std::u16string text;
     text.reserve(utf8.size());
-    for (size_t position = 0; position < utf8.size();) AppendUnits(text, NextPoint(utf8, position));
+    for (size_t position = 0; position < utf8.size();)
+        AppendUnits(text, NextPoint(utf8, position));
     return text;
 }
 

@@ -1,9 +1,8 @@
-#include "platform/Event.h"
-
 #include <thread>
 
 #include <gtest/gtest.h>
 
+#include "platform/Event.h"
 #include "support/ManualClock.h"
 
 namespace tarnbridge {

@@ -1,7 +1,6 @@
-#include "platform/Files.h"
-
 #include <gtest/gtest.h>
 
+#include "platform/Files.h"
 #include "support/TemporaryFolder.h"
 
 namespace tarnbridge {

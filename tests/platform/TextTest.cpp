@@ -1,8 +1,7 @@
-#include "platform/Text.h"
-
 #include <gtest/gtest.h>
 
 #include "platform/CodePage.h"
+#include "platform/Text.h"
 
 namespace tarnbridge {
 namespace {
@@ -26,7 +25,8 @@ TEST(Text, MalformedUtf8BecomesReplacements) {
         {"encoded surrogate", "\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
         {"beyond U+10FFFF", "\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
     };
-    for (const Row& row : rows) EXPECT_EQ(Utf8ToText(row.bytes), row.text) << row.fault;
+    for (const Row& row : rows)
+        EXPECT_EQ(Utf8ToText(row.bytes), row.text) << row.fault;
     EXPECT_EQ(TextToUtf8(u"\xD83Dx"), "\xEF\xBF\xBDx");
     EXPECT_EQ(TextToUtf8(u"\xDE00\xD83D"), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }

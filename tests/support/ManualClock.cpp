@@ -12,7 +12,8 @@ Milliseconds ManualClock::Now() {
 void ManualClock::Advance(Milliseconds duration) {
     const std::lock_guard guard(mutex_);
     now_ += duration;
-    for (Event* waiter : waiters_) waiter->Set();
+    for (Event* waiter : waiters_)
+        waiter->Set();
 }
 
 void ManualClock::AwaitWaiters(size_t count) {

@@ -7,8 +7,8 @@
 
 namespace tarnbridge::test {
 
-/// Time that stands still until the test moves it. Sleep moves it by itself and returns at once; a wait with a
-/// time-out ends when Advance has passed its end.
+/// Time that stands still until the test moves it. Sleep moves it by itself and returns at once; a wait with
+/// a time-out ends when Advance has passed its end.
 class ManualClock : public Clock {
 public:
     Milliseconds Now() override;
@@ -30,7 +30,8 @@ private:
     std::vector<Event*> waiters_;
 };
 
-/// The system's clock with every Sleep left out, for dialogues whose pauses are long and whose answers are real.
+/// The system's clock with every Sleep left out, for dialogues whose pauses are long and whose answers are
+/// real.
 class NoSleepClock : public SystemClock {
 public:
     void Sleep(Milliseconds) override {}

@@ -5,7 +5,8 @@
 
 namespace tarnbridge::test {
 
-/// A folder of its own, with blanks and a letter beyond ASCII in its name, removed with all it holds at the end.
+/// A folder of its own, with blanks and a letter beyond ASCII in its name, removed with all it holds at the
+/// end.
 class TemporaryFolder {
 public:
     TemporaryFolder();

@@ -27,7 +27,8 @@ public:
         size_t fromLeft = bytes.size();
         char* to = out.data();
         size_t toLeft = out.size();
-        if (iconv(descriptor_, &from, &fromLeft, &to, &toLeft) == static_cast<size_t>(-1)) return std::nullopt;
+        if (iconv(descriptor_, &from, &fromLeft, &to, &toLeft) == static_cast<size_t>(-1))
+            return std::nullopt;
         iconv(descriptor_, nullptr, nullptr, &to, &toLeft);
         if (fromLeft != 0 || out.size() - toLeft != 2) return std::nullopt;
         return static_cast<char16_t>(static_cast<uint8_t>(out[0]) | static_cast<uint8_t>(out[1]) << 8);
@@ -51,7 +52,7 @@ bool IsDoubleByte(int number) {
 struct CodePage::Tables {
     std::array<char16_t, 256> single{};
     std::array<bool, 256> isLead{};
-    std::unordered_map<uint16_t, char16_t> pairs;     // lead << 8 | second
+    std::unordered_map<uint16_t, char16_t> pairs;    // lead << 8 | second
     std::unordered_map<char16_t, uint16_t> toBytes;  // above 255: two bytes
 };
 

@@ -42,8 +42,9 @@ Result<std::string> ReadFile(const std::filesystem::path& path, uint64_t limit) 
     const FileDescriptor descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!descriptor) return LastSystemFailure("open", path);
     std::string content;
-    if (struct stat status {}; ::fstat(descriptor.Get(), &status) == 0 && S_ISREG(status.st_mode)) {
-        if (static_cast<uint64_t>(status.st_size) <= limit) content.reserve(static_cast<size_t>(status.st_size) + 1);
+    if (struct stat status{}; ::fstat(descriptor.Get(), &status) == 0 && S_ISREG(status.st_mode)) {
+        if (static_cast<uint64_t>(status.st_size) <= limit)
+            content.reserve(static_cast<size_t>(status.st_size) + 1);
     }
     constexpr size_t step = 1 << 16;
     for (size_t length = 0;;) {
