@@ -36,7 +36,7 @@ TEST(WireText, HexToUnits) {
     for (int i = 0; i < 600; ++i)
         tooLong += "0041";
     EXPECT_EQ(HexUcs2ToWide(tooLong, true).size(), 512u);
-    for (const char* bad : {"004a", "00 1", "G041", "0041\"", "00000g"}) {
+    for (const char* bad : {"004a", "00 1", "G041", "00\"041", "00000g"}) {
         try {
             HexUcs2ToWide(bad, true);
             ADD_FAILURE() << bad;
