@@ -79,8 +79,10 @@ void ATChannel::Begin(LinkPort& port, std::string_view text, bool awaitPrompt, b
                       ATResult& result) {
     result.lines.clear();
     port.FlushDoneEvent().Reset();
-    // A two-stage command that failed leaves its command active; the second result that comes late for it
-    // holds the read thread. The flush resets this.
+    // A two-stage command that failed leaves its command active, and late results for it hold the read
+    // thread. That thread may have asked for the last time already, so it is let through once; the flush
+    // resets the event.
+    port.CommandActiveEvent().Reset();
     port.ResultTakenEvent().Set();
     port.Flush();
     port.ResultReadyEvent().Reset();

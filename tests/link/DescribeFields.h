@@ -17,13 +17,22 @@ inline std::string Describe(const ATLine& line) {
             items += Describe({item});
         }
         switch (param.type) {
-            case ATParam::Empty: text += '_'; break;
-            case ATParam::Text: text += '\'' + param.text + '\''; break;
-            case ATParam::Number: text += std::to_string(param.number); break;
-            case ATParam::Range:
-                text += '(' + std::to_string(param.rangeLow) + '-' + std::to_string(param.rangeHigh) + '|' + items + ')';
+            case ATParam::Empty:
+                text += '_';
                 break;
-            case ATParam::List: text += '[' + items + ']'; break;
+            case ATParam::Text:
+                text += '\'' + param.text + '\'';
+                break;
+            case ATParam::Number:
+                text += std::to_string(param.number);
+                break;
+            case ATParam::Range:
+                text += '(' + std::to_string(param.rangeLow) + '-' + std::to_string(param.rangeHigh) + '|' +
+                        items + ')';
+                break;
+            case ATParam::List:
+                text += '[' + items + ']';
+                break;
         }
     }
     return text;
@@ -31,7 +40,8 @@ inline std::string Describe(const ATLine& line) {
 
 inline std::string Describe(const ATResult& result) {
     std::string text;
-    for (const ATLine& line : result.lines) text += Describe(line) + '\n';
+    for (const ATLine& line : result.lines)
+        text += Describe(line) + '\n';
     return text;
 }
 

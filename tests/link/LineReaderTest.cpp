@@ -1,8 +1,7 @@
-#include "link/LineReader.h"
-
 #include <gtest/gtest.h>
 
 #include "link/DescribeFields.h"
+#include "link/LineReader.h"
 #include "support/FakeWire.h"
 
 namespace tarnbridge {
@@ -47,8 +46,10 @@ protected:
     LineReader reader{host, ParseStop{abortParse, cancel}};
 };
 
-/// What a stream gives when its first `head` bytes are fed and the rest comes by refills, or is fed after them.
-std::string Read(const std::string& stream, const char* prefix, bool pduFollows, size_t head, size_t pieceSize) {
+/// What a stream gives when its first `head` bytes are fed and the rest comes by refills, or is fed after
+/// them.
+std::string Read(const std::string& stream, const char* prefix, bool pduFollows, size_t head,
+                 size_t pieceSize) {
     std::atomic<bool> abortParse{false};
     Event cancel{ResetMode::Manual};
     FakeHost host;
@@ -76,32 +77,40 @@ TEST(LineReader, DialoguesCutAtEveryByte) {
         std::string stream;
         const char* log;
     };
-    const std::vector<std::string> urcs = {"RING",     "+CMTI: \"SM\",3", "+CLIP: \"+4912\",145", "NO CARRIER: 1",
-                                           "+EADC: 5", "+GPIOS: 1",       "+EKPDS: 1",            "+BATS: 3"};
+    const std::vector<std::string> urcs = {"RING",          "+CMTI: \"SM\",3", "+CLIP: \"+4912\",145",
+                                           "NO CARRIER: 1", "+EADC: 5",        "+GPIOS: 1",
+                                           "+EKPDS: 1",     "+BATS: 3"};
     const Row rows[] = {
-        {"final results", "", false, test::Lines({"OK", "ERROR", "CONNECT"}), "'OK'\n--\n'ERROR'\n--\n'CONNECT'\n--\n"},
+        {"final results", "", false, test::Lines({"OK", "ERROR", "CONNECT"}),
+         "'OK'\n--\n'ERROR'\n--\n'CONNECT'\n--\n"},
         {"CONNECT with a rate isn't final", "", false, test::Lines({"CONNECT 115200", "OK"}), "'OK'\n--\n"},
-        {"OK inside a line isn't final", "", false, test::Lines({"a,OK", "OK: 1", "(OK)", "\"OK\"", "OK"}), "'OK'\n--\n"},
+        {"OK inside a line isn't final", "", false, test::Lines({"a,OK", "OK: 1", "(OK)", "\"OK\"", "OK"}),
+         "'OK'\n--\n"},
         {"errors with number, words and nothing", "", false,
          test::Lines({"+CME ERROR: 10", "+CMS ERROR: full", "+CME ERROR"}),
          "'+CME ERROR' 10\n--\n'+CMS ERROR' 0\n--\n'+CME ERROR' 0\n--\n"},
         {"only the awaited prefix is kept", "+CSQ", false,
-         "AT+CSQ\r" + test::Lines({"+CREG: 1", "hello: world", "+CSQ: 20,99", "OK"}), "'+CSQ' 20 99\n'OK'\n--\n"},
-        {"without a prefix nothing is kept", "", false, test::Lines({"hello: world", ": x", "  ", "OK"}), "'OK'\n--\n"},
+         "AT+CSQ\r" + test::Lines({"+CREG: 1", "hello: world", "+CSQ: 20,99", "OK"}),
+         "'+CSQ' 20 99\n'OK'\n--\n"},
+        {"without a prefix nothing is kept", "", false, test::Lines({"hello: world", ": x", "  ", "OK"}),
+         "'OK'\n--\n"},
         {"PDU line", "+CMGR", true, "\r\n+CMGR: 0,,25\r\n0791AA,\"(\r\n" + test::Lines({"OK"}),
          "'+CMGR' 0 _ 25 '0791AA,\"('\n'OK'\n--\n"},
-        {"CR in a PDU line swallows up to LF", "+CMGR", true, "\r\n+CMGR: 1\r\n0791\rXY\n" + test::Lines({"OK"}),
-         "'+CMGR' 1 '0791'\n'OK'\n--\n"},
-        {"the flag for a PDU line goes off", "+CMGR", true, "\r\n+CMGR: 0\r\nAB\r\n" + test::Lines({"+CMGR: 1", "OK"}),
-         "'+CMGR' 0 'AB'\n'+CMGR' 1\n'OK'\n--\n"},
+        {"CR in a PDU line swallows up to LF", "+CMGR", true,
+         "\r\n+CMGR: 1\r\n0791\rXY\n" + test::Lines({"OK"}), "'+CMGR' 1 '0791'\n'OK'\n--\n"},
+        {"the flag for a PDU line goes off", "+CMGR", true,
+         "\r\n+CMGR: 0\r\nAB\r\n" + test::Lines({"+CMGR: 1", "OK"}), "'+CMGR' 0 'AB'\n'+CMGR' 1\n'OK'\n--\n"},
         {"unsolicited lines stay out", "+X", false,
-         test::Lines({urcs[0], "+X: 1", urcs[1], urcs[2], urcs[3], "+X: 2", urcs[4], urcs[5], urcs[6], urcs[7], "OK"}),
-         "urc 'RING'\nurc '+CMTI' 'SM' 3\nurc '+CLIP' '+4912' 145\nurc 'NO CARRIER' 1\nurc '+EADC' 5\nurc '+GPIOS' 1\n"
+         test::Lines({urcs[0], "+X: 1", urcs[1], urcs[2], urcs[3], "+X: 2", urcs[4], urcs[5], urcs[6],
+                      urcs[7], "OK"}),
+         "urc 'RING'\nurc '+CMTI' 'SM' 3\nurc '+CLIP' '+4912' 145\nurc 'NO CARRIER' 1\nurc '+EADC' 5\nurc "
+         "'+GPIOS' 1\n"
          "urc '+EKPDS' 1\nurc '+BATS' 3\n'+X' 1\n'+X' 2\n'OK'\n--\n"},
         {"a bare NO CARRIER is nothing", "", false, test::Lines({"NO CARRIER", "OK"}), "'OK'\n--\n"},
         {"a first line without CRLF is lost", "", false, "OK\r\nERROR\r\n", "'ERROR'\n--\n"},
         {"lines of one byte vanish", "", false, "\r\n>\r\n\r\n\r\nOK\r\n", "'OK'\n--\n"},
-        {"an unterminated quote drops even a final result", "", false, test::Lines({"OK\"", "ERROR"}), "'ERROR'\n--\n"},
+        {"an unterminated quote drops even a final result", "", false, test::Lines({"OK\"", "ERROR"}),
+         "'ERROR'\n--\n"},
     };
     for (const Row& row : rows) {
         for (size_t head = 0; head <= row.stream.size(); ++head) {
@@ -115,8 +124,9 @@ TEST(LineReader, DialoguesCutAtEveryByte) {
 
 TEST_F(LineReaderTest, UnsolicitedAtEveryGapOfAResponse) {
     const std::vector<std::string> response = {"+X: 1", "+X: 2", "OK"};
-    for (const char* word : {"RING", "+CMTI: \"SM\",3", "+CBMI: \"BM\",1", "+CDSI: \"SM\",1", "+CLIP: \"1\",129",
-                             "+EADC: 5", "+GPIOS: 1", "+EKPDS: 1", "+BATS: 3", "NO CARRIER"}) {
+    for (const char* word :
+         {"RING", "+CMTI: \"SM\",3", "+CBMI: \"BM\",1", "+CDSI: \"SM\",1", "+CLIP: \"1\",129", "+EADC: 5",
+          "+GPIOS: 1", "+EKPDS: 1", "+BATS: 3", "NO CARRIER"}) {
         for (size_t gap = 0; gap < response.size(); ++gap) {
             std::vector<std::string> lines = response;
             lines.insert(lines.begin() + static_cast<ptrdiff_t>(gap), word);

@@ -1,8 +1,7 @@
-#include "link/LineTokenizer.h"
-
 #include <gtest/gtest.h>
 
 #include "link/DescribeFields.h"
+#include "link/LineTokenizer.h"
 
 namespace tarnbridge {
 namespace {
@@ -48,7 +47,8 @@ TEST_F(LineTokenizer, Fields) {
         {"no colon: fields before the last token", "a,b", "'a' 'b'"},
         {"a zero byte ends the line", std::string("+X: 1\0,2", 8), "'+X' 1"},
     };
-    for (const Row& row : rows) EXPECT_EQ(Fields(row.line, stop), row.fields) << row.rule;
+    for (const Row& row : rows)
+        EXPECT_EQ(Fields(row.line, stop), row.fields) << row.rule;
 }
 
 TEST_F(LineTokenizer, FieldsInParentheses) {
@@ -59,7 +59,8 @@ TEST_F(LineTokenizer, FieldsInParentheses) {
     };
     const Row rows[] = {
         {"range, then fields", "+CPBR: (1-250),40,14", "'+CPBR' (1-250|250) 40 14"},
-        {"the comma after a bracket empties the left-over token", "+CPBR: (1-250),,14", "'+CPBR' (1-250|250) _ 14"},
+        {"the comma after a bracket empties the left-over token", "+CPBR: (1-250),,14",
+         "'+CPBR' (1-250|250) _ 14"},
         {"a list at the end is read once more", "+CSCS: (\"GSM\",\"UCS2\")", "'+CSCS' ['GSM','UCS2'] 'UCS2'"},
         {"the spare field follows the flat rule", "+CMGW: (0-3)", "'+CMGW' (0-3|3) 3"},
         {"several lists", "+CPMS: (\"SM\",\"ME\"),(\"SM\")", "'+CPMS' ['SM','ME'] ['SM'] 'SM'"},
@@ -75,11 +76,13 @@ TEST_F(LineTokenizer, FieldsInParentheses) {
         {"a range without a lower end", "+X: (-5),3", "'+X' (0-0|) 3"},
         {"a range with letters above", "+X: (1-x),3", "'+X' (1-0|) 3"},
     };
-    for (const Row& row : rows) EXPECT_EQ(Fields(row.line, stop), row.fields) << row.rule;
+    for (const Row& row : rows)
+        EXPECT_EQ(Fields(row.line, stop), row.fields) << row.rule;
 }
 
 TEST_F(LineTokenizer, LinesThatMeanNothing) {
-    for (const char* line : {"+CMGL: 1,\"abc", "\"", "+X:", "OK\""}) EXPECT_EQ(Fields(line, stop), "dropped") << line;
+    for (const char* line : {"+CMGL: 1,\"abc", "\"", "+X:", "OK\""})
+        EXPECT_EQ(Fields(line, stop), "dropped") << line;
     EXPECT_EQ(Fields(std::string("+X: \"a\0b\"", 9), stop), "dropped") << "a zero byte in quotes";
 }
 

@@ -10,7 +10,8 @@ public:
 
     bool Open(const SerialSettings& settings, SerialOpenFailure& failure) override {
         const std::lock_guard guard(wire_.mutex_);
-        failure = {wire_.hungUp_ ? SerialOpenFault::Missing : wire_.openFault_, settings.name, {}, {}, 0, {}, false};
+        failure = {
+            wire_.hungUp_ ? SerialOpenFault::Missing : wire_.openFault_, settings.name, {}, {}, 0, {}, false};
         wire_.incoming_.clear();
         lost_ = false;
         return failure.fault == SerialOpenFault::None;
@@ -144,29 +145,34 @@ int FakeWire::Write(std::string_view bytes) {
 
 void FakeWire::Wait(Milliseconds limit) {
     std::unique_lock guard(mutex_);
-    auto end = std::chrono::steady_clock::now() + limit;
-    const bool delayed = !incoming_.empty() && incoming_.front().due > std::chrono::steady_clock::now();
-    if (delayed) end = std::min(end, incoming_.front().due);
-    if (incoming_.empty() || delayed) changed_.wait_until(guard, end, [&] { return woken_; });
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!woken_) {
+        const auto now = std::chrono::steady_clock::now();
+        const auto due = incoming_.empty() || hungUp_ ? end : std::min(end, incoming_.front().due);
+        if (due <= now) break;
+        changed_.wait_until(guard, due);
+    }
     woken_ = false;
 }
 
 std::string Lines(const std::vector<std::string>& lines) {
     std::string bytes;
-    for (const std::string& line : lines) bytes += "\r\n" + line + "\r\n";
+    for (const std::string& line : lines)
+        bytes += "\r\n" + line + "\r\n";
     return bytes;
 }
 
 void AnswerHandshake(FakeWire& wire) {
-    for (const char* command : {"AT\r", "ATE0\r", "ATE1\r", "AT+EFSR\r", "AT+ESLP=0\r", "AT+ESLP=1\r", "AT+ESUO=3\r",
-                                "AT+ESUO=4\r", "AT+CMGF=0\r", "AT+CSCS=\"UCS2\"\r", "AT+CSCS=\"UCS2_0x81\"\r",
-                                "AT+EFSC=?\r", "AT+EVCARD=?\r"}) {
+    for (const char* command :
+         {"AT\r", "ATE0\r", "ATE1\r", "AT+EFSR\r", "AT+ESLP=0\r", "AT+ESLP=1\r", "AT+ESUO=3\r", "AT+ESUO=4\r",
+          "AT+CMGF=0\r", "AT+CSCS=\"UCS2\"\r", "AT+CSCS=\"UCS2_0x81\"\r", "AT+EFSC=?\r", "AT+EVCARD=?\r"}) {
         wire.Answer(command, Lines({"OK"}));
     }
     wire.Answer("AT+ESUO?\r", Lines({"+ESUO: 4", "OK"}));
     wire.Answer("AT+EFSW?\r", Lines({"+EFSW: 1024", "OK"}));
     wire.Answer("AT+EQUERY=0\r", Lines({"+CMGW: (0-3)", "OK"}));
-    wire.Answer("AT+CPMS=?\r", Lines({"+CPMS: (\"SM\",\"ME\",\"MT\"),(\"SM\",\"ME\",\"MT\"),(\"SM\",\"ME\",\"MT\")", "OK"}));
+    wire.Answer("AT+CPMS=?\r",
+                Lines({"+CPMS: (\"SM\",\"ME\",\"MT\"),(\"SM\",\"ME\",\"MT\"),(\"SM\",\"ME\",\"MT\")", "OK"}));
 }
 
 }  // namespace tarnbridge::test

@@ -13,9 +13,9 @@
 
 namespace tarnbridge::test {
 
-/// The far end of a serial device that a test holds in its hand: it answers commands from a table, and fails, splits,
-/// delays and drops as told. One wire can serve several connections, one after the other. All operations may be called
-/// from any thread.
+/// The far end of a serial device that a test holds in its hand: it answers commands from a table, and fails,
+/// splits, delays and drops as told. One wire can serve several connections, one after the other. All
+/// operations may be called from any thread.
 class FakeWire {
 public:
     FakeWire();
@@ -38,10 +38,10 @@ public:
     void ForgetWritten();
 
     // Faults, in force until changed.
-    void SplitReads(size_t bytes);           ///< at most so many bytes a read; 0 is no limit
-    void DelayReplies(Milliseconds delay);   ///< between a write and its reply
-    void FailOpen(SerialOpenFault fault);    ///< None opens again
-    void HangUp(bool hungUp);                ///< nothing is read or written while hung up; a new open works after false
+    void SplitReads(size_t bytes);          ///< at most so many bytes a read; 0 is no limit
+    void DelayReplies(Milliseconds delay);  ///< between a write and its reply
+    void FailOpen(SerialOpenFault fault);   ///< None opens again
+    void HangUp(bool hungUp);  ///< nothing is read or written while hung up; a new open works after false
     /// Results of the next writes, instead of success: -1 fails, n writes n bytes only.
     void ScriptWrites(std::deque<int> results);
 
