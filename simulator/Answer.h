@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "simulator/Command.h"
+#include "simulator/HandsetContent.h"
 
 namespace tarnbridge::simulator {
 
@@ -59,6 +61,9 @@ public:
     /// Asked for each command, and again when its body is there: the answer that is given in place of
     /// carrying it out, or nothing.
     virtual std::optional<Answer> Instead(const Command& command, Stage stage) = 0;
+
+    /// Changes the manners that hold for the next command line.
+    virtual void Shape(Features& features) const = 0;
 };
 
 }  // namespace tarnbridge::simulator

@@ -38,15 +38,14 @@ public:
 
     bool Hears(const std::string& line) override;
     std::optional<Answer> Instead(const Command& command, Stage stage) override;
+    void Shape(Features& features) const override;
 
-    /// What really goes to the wire when the handset says these pieces.
+    /// What really goes to the wire when the handset says these pieces: the answer to a command line (nothing
+    /// if it has none), or to a body, with the echo before it; or an echo alone.
     std::vector<Sound> Apply(std::vector<Piece> pieces);
 
     /// The hang-up that the last Apply or Hears brought about, once.
     std::optional<HangUp> TakeHangUp();
-
-    /// Changes the manners that are told as faults (`empty-location`, `store-query`, `channel-mode`).
-    void Shape(Features& features) const;
 
 private:
     struct Fault {
@@ -61,12 +60,15 @@ private:
 
     const Fault* Find(const char* name) const;
     bool Strikes(Fault& fault, const Command& command);
-    void Cut(std::vector<Sound>& sounds, std::optional<int> bytes);
+    bool Break(std::vector<Sound>& sounds, bool finished);
+    void Pace(std::vector<Sound>& sounds, bool handshakeWasDone) const;
 
     std::vector<Fault> faults_;
     int commands_ = 0;
     int wakeUps_ = 0;
     size_t nextUnsolicited_ = 0;
+    int bytesLeft_ = -1;  // of the reply that a break cuts; -1 before it has begun
+    bool broken_ = false;
     bool silent_ = false;
     bool handshakeDone_ = false;
     std::optional<HangUp> hangUp_;

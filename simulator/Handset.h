@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <map>
 #include <string>
@@ -37,9 +36,6 @@ public:
 
     /// Goes up with every command that changed the content.
     unsigned Revision() const { return session_.changes; }
-
-    /// The manners in force: those of the content, changed by the faults.
-    void SetFeatures(const Features& features);
 
 private:
     void Execute(const std::string& line, std::vector<Piece>& said);

@@ -77,6 +77,7 @@ private:
         explicit Ear(HandsetServer& server) : server_(server) {}
         bool Hears(const std::string& line) override;
         std::optional<Answer> Instead(const Command& command, Stage stage) override;
+        void Shape(Features& features) const override;
 
     private:
         HandsetServer& server_;
@@ -84,16 +85,13 @@ private:
 
     void Serve();
     void Listen(Time now);
-    void Speak(std::vector<Piece> pieces, Time when);
+    void Speak(std::vector<Piece> pieces, Time when, bool ends);
     void Send(Time now);
     Time SeeToThePlug(Time now);
     Time SaveWhenQuiet(Time now);
     Outcome Save();
-    Time NextMoment(Time now);
 
     const Options options_;
-    Clock& clock_;
-    SystemClock systemClock_;
     DialogueLog log_;
     PseudoTerminal terminal_;
     Thread thread_;
@@ -107,15 +105,15 @@ private:
     std::deque<std::string> commands_;
     bool stop_ = false;
     bool wanted_ = true;  // that it is plugged in
+    bool plugged_ = true;
     std::optional<Time> plugAgain_;
     std::optional<Faults::HangUp> hangUp_;
     std::optional<SystemFailure> plugFailure_;
     std::string heard_;  // for the log
     bool blocked_ = false;
     unsigned saved_ = 0;
-    Time changedAt_{};
+    Time changedAt_ = Time::max();
     Time lastByte_{};
-    std::optional<SystemFailure> saveFailure_;
 };
 
 }  // namespace tarnbridge::simulator

@@ -3,10 +3,15 @@
 #include <array>
 #include <string>
 
+#include "simulator/HandsetContent.h"
+
 namespace tarnbridge::simulator {
 
 /// What the handset remembers for one connection, with the values that it has when it is plugged in.
 struct Session {
+    /// As after a new plug or ATZ. The counts of the session before go on.
+    static Session Begin(const HandsetContent& content, const Features& features, const Session& before);
+
     bool echo = true;
     int errorForm = 1;  ///< of AT+CMEE: 0 a bare ERROR, 1 a number, 2 words
     std::string charset = "IRA";
@@ -17,7 +22,6 @@ struct Session {
     std::array<int, 5> indications{0, 0, 0, 0, 0};  ///< of AT+CNMI
     int registrationReports = 0;
     int operatorFormat = 0;
-    bool mayTakeMessages = true;  ///< AT+CMGF=0, the only mode, is in force
     unsigned messageReference = 0;
     unsigned changes = 0;  ///< how often the content was changed
 };

@@ -29,16 +29,10 @@ public:
     std::string Path() const { return link_.string(); }
 
     /// Runs `use(simulator::HandsetContent&)` between two bytes of the dialogue, to look at the content or to
-    /// change it, and gives what it returns. Changed features hold at once.
+    /// change it, and gives what it returns. Changed features hold from the next command on.
     template <typename Use>
     auto With(Use use) {
-        return server_->With([&](simulator::Handset& handset) {
-            struct Refresh {
-                simulator::Handset& handset;
-                ~Refresh() { handset.SetFeatures(handset.Content().features); }
-            } refresh{handset};
-            return use(handset.Content());
-        });
+        return server_->With([&](simulator::Handset& handset) { return use(handset.Content()); });
     }
 
     /// Replaces all faults; counting begins anew.
