@@ -1,10 +1,9 @@
 #pragma once
 
+#include <CLI/CLI.hpp>
 #include <functional>
 #include <memory>
 #include <string>
-
-#include <CLI/CLI.hpp>
 
 #include "platform/SerialDevice.h"
 

@@ -40,8 +40,10 @@ void Connection::WatchForCancel() {
 bool Connection::Open() {
     if (!OpenPort()) return false;
     if (link_.EnsureSession()) return true;
-    PrintWords(cancelled_ ? "cancelled"
-                          : fmt::format("the handset on {} does not answer as one (--trace shows the dialogue)", device_));
+    PrintWords(
+        cancelled_
+            ? "cancelled"
+            : fmt::format("the handset on {} does not answer as one (--trace shows the dialogue)", device_));
     return false;
 }
 
@@ -71,27 +73,39 @@ std::string ExplainOpenFailure(const SerialOpenFailure& failure) {
     switch (failure.fault) {
         case SerialOpenFault::Missing:
             if (PortMap::ParseName(failure.device)) {
-                return fmt::format("no device is known as {}: 'tarnctl ports' lists what is plugged in, and --port takes a path",
-                                   failure.device.substr(failure.device.find("COM")));
+                return fmt::format(
+                    "no device is known as {}: 'tarnctl ports' lists what is plugged in, and --port takes a "
+                    "path",
+                    failure.device.substr(failure.device.find("COM")));
             }
-            return fmt::format("there is no port {}: is the handset plugged in? 'tarnctl ports' lists what is", failure.device);
+            return fmt::format(
+                "there is no port {}: is the handset plugged in? 'tarnctl ports' lists what is",
+                failure.device);
         case SerialOpenFault::NoRights:
-            return fmt::format("no rights to open {0}: it belongs to the group {1}; join it with 'sudo usermod -aG {1} $USER' "
-                               "and log in again",
-                               failure.device, failure.owningGroup);
+            return fmt::format(
+                "no rights to open {0}: it belongs to the group {1}; join it with 'sudo usermod -aG {1} "
+                "$USER' "
+                "and log in again",
+                failure.device, failure.owningGroup);
         case SerialOpenFault::InUse: {
             std::string words = fmt::format("{} is in use", failure.device);
-            if (failure.holderId != 0) words += fmt::format(" by {} (process {})", failure.holderName, failure.holderId);
+            if (failure.holderId != 0)
+                words += fmt::format(" by {} (process {})", failure.holderName, failure.holderId);
             if (failure.modemManagerRuns) {
-                words += "; ModemManager is running and probes new ports for some ten seconds: wait, or keep it away with "
-                         "the udev rule that comes with the program";
+                words +=
+                    "; ModemManager is running and probes new ports for some ten seconds: wait, or keep it "
+                    "away with "
+                    "the udev rule that comes with the program";
             }
             return words;
         }
-        case SerialOpenFault::NotSerial: return fmt::format("{} is not a serial port", failure.device);
-        case SerialOpenFault::UnsupportedRate: return fmt::format("{} can't be set to that baud rate", failure.device);
+        case SerialOpenFault::NotSerial:
+            return fmt::format("{} is not a serial port", failure.device);
+        case SerialOpenFault::UnsupportedRate:
+            return fmt::format("{} can't be set to that baud rate", failure.device);
         case SerialOpenFault::None:
-        case SerialOpenFault::Other: break;
+        case SerialOpenFault::Other:
+            break;
     }
     return failure.systemText.empty() ? fmt::format("cannot open {}", failure.device) : failure.systemText;
 }

@@ -14,8 +14,8 @@
 
 namespace tarnbridge {
 
-/// The handset for one run of a command: the port opened, the session made, and at the end both handed back. Ctrl-C
-/// breaks off the exchange under way; the command looks at Cancelled between two steps.
+/// The handset for one run of a command: the port opened, the session made, and at the end both handed back.
+/// Ctrl-C breaks off the exchange under way; the command looks at Cancelled between two steps.
 class Connection {
 public:
     explicit Connection(const GlobalOptions& options);

@@ -60,9 +60,10 @@ ExitCode ShowInfo(const GlobalOptions& options) {
         return Done;
     }
     for (const auto& [name, value] : record.items()) {
-        PrintLine(fmt::format("{:<17} {}", name, value.is_boolean()  ? (value.get<bool>() ? "yes" : "no")
-                                                 : value.is_string() ? value.get<std::string>()
-                                                                     : value.dump()));
+        PrintLine(fmt::format("{:<17} {}", name,
+                              value.is_boolean()  ? (value.get<bool>() ? "yes" : "no")
+                              : value.is_string() ? value.get<std::string>()
+                                                  : value.dump()));
     }
     return Done;
 }
@@ -95,7 +96,8 @@ void PrintResult(const ATResult& result, bool json) {
     for (const ATLine& line : result.lines) {
         if (json) {
             Json fields = Json::array();
-            for (const ATParam& field : line) fields.push_back(FieldToJson(field));
+            for (const ATParam& field : line)
+                fields.push_back(FieldToJson(field));
             PrintRecord({{"fields", fields}});
             continue;
         }
@@ -149,12 +151,15 @@ void AddLinkCommands(CLI::App& app, Action& chosen) {
 
     const auto options = std::make_shared<AtOptions>();
     CLI::App* at = app.add_subcommand("at", "Send one AT command and show the parsed response");
-    at->add_option("TEXT", options->text, "The command, without its carriage return, such as AT+CSQ")->required();
-    at->add_option("--prefix", options->prefix,
-                   "The prefix of the response lines to show, without its colon; by default that of the command");
-    at->add_option("--timeout", options->timeout,
-                   "Milliseconds to wait for the result, and with --body for the prompt too, then rounded up to whole "
-                   "seconds; 0 waits without limit")
+    at->add_option("TEXT", options->text, "The command, without its carriage return, such as AT+CSQ")
+        ->required();
+    at->add_option(
+        "--prefix", options->prefix,
+        "The prefix of the response lines to show, without its colon; by default that of the command");
+    at->add_option(
+          "--timeout", options->timeout,
+          "Milliseconds to wait for the result, and with --body for the prompt too, then rounded up to whole "
+          "seconds; 0 waits without limit")
         ->capture_default_str();
     at->add_option("--body", options->body, "What follows after the prompt; Ctrl-Z is added");
     at->add_flag("--pdu", options->pdu, "The response line is followed by a raw line, as with AT+CMGR");

@@ -44,11 +44,14 @@ Json FieldToJson(const ATParam& field) {
     Json json;
     const auto items = [&] {
         Json list = Json::array();
-        for (const ATParam& item : field.items) list.push_back(FieldToJson(item));
+        for (const ATParam& item : field.items)
+            list.push_back(FieldToJson(item));
         return list;
     };
     switch (field.type) {
-        case ATParam::Empty: json["type"] = "empty"; break;
+        case ATParam::Empty:
+            json["type"] = "empty";
+            break;
         case ATParam::Text:
             json["type"] = "text";
             json["value"] = Utf8OfBytes(field.text);
@@ -73,14 +76,20 @@ Json FieldToJson(const ATParam& field) {
 
 std::string FieldToWords(const ATParam& field) {
     switch (field.type) {
-        case ATParam::Empty: return "";
-        case ATParam::Text: return fmt::format("\"{}\"", Utf8OfBytes(field.text));
-        case ATParam::Number: return std::to_string(field.number);
-        case ATParam::Range: return fmt::format("({}-{})", field.rangeLow, field.rangeHigh);
-        case ATParam::List: break;
+        case ATParam::Empty:
+            return "";
+        case ATParam::Text:
+            return fmt::format("\"{}\"", Utf8OfBytes(field.text));
+        case ATParam::Number:
+            return std::to_string(field.number);
+        case ATParam::Range:
+            return fmt::format("({}-{})", field.rangeLow, field.rangeHigh);
+        case ATParam::List:
+            break;
     }
     std::string items;
-    for (const ATParam& item : field.items) items += (items.empty() ? "" : ",") + FieldToWords(item);
+    for (const ATParam& item : field.items)
+        items += (items.empty() ? "" : ",") + FieldToWords(item);
     return "(" + items + ")";
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
+#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
-
-#include <nlohmann/json.hpp>
 
 #include "link/ATResult.h"
 
@@ -35,8 +34,8 @@ private:
     const bool visible_;
 };
 
-/// A field as `{"type":"number","value":3}`; the types are empty, text, number, range and list. Texts are the handset's
-/// bytes, widened by the system's code page.
+/// A field as `{"type":"number","value":3}`; the types are empty, text, number, range and list. Texts are the
+/// handset's bytes, widened by the system's code page.
 Json FieldToJson(const ATParam& field);
 
 /// The same for people: `"text"`, `3`, `(1-250)`, `("SM","ME")`.

@@ -15,7 +15,8 @@ constexpr int32_t emptyLocation = 321;  // 3GPP TS 27.005 clause 3.2.5: invalid 
 ATResult AskMemory(HandsetLink& link, const std::string& arguments) {
     ATResult result;
     result.prefix = "+CPMS";
-    if (!link.ExecCheckOk(fmt::format("AT+CPMS{}\r", arguments), link.commandTimeout, result, true)) result.lines.clear();
+    if (!link.ExecCheckOk(fmt::format("AT+CPMS{}\r", arguments), link.commandTimeout, result, true))
+        result.lines.clear();
     return result;
 }
 
@@ -35,7 +36,8 @@ std::string SelectedMemories(HandsetLink& link) {
 bool ReadLocation(HandsetLink& link, const std::string& memory, int location, bool json, ATResult& result) {
     result = ATResult();
     result.prefix = "+CMGR";
-    const bool answered = link.ExecCommand(fmt::format("AT+CMGR={}\r", location), link.commandTimeout, true, result);
+    const bool answered =
+        link.ExecCommand(fmt::format("AT+CMGR={}\r", location), link.commandTimeout, true, result);
     if (!answered) return false;
     if (result.ErrorNumber() == emptyLocation) return true;
     if (!result.HasPrefix("+CMGR")) return result.IsOk();
@@ -71,7 +73,8 @@ ExitCode ListLocations(Connection& connection, const std::string& memory, bool j
         progress.Show(fmt::format("Reading {} {} of {}", memory, i, total));
         ATResult result;
         if (ReadLocation(link, memory, offset + i, json, result)) continue;
-        PrintWords(fmt::format("{} {}: {}", memory, offset + i, connection.Cancelled() ? "cancelled" : ExplainResult(result)));
+        PrintWords(fmt::format("{} {}: {}", memory, offset + i,
+                               connection.Cancelled() ? "cancelled" : ExplainResult(result)));
         code = OperationFailed;
         // Without an answer there is no point in asking on; an error holds for its location alone.
         if (result.lines.empty()) break;
@@ -94,7 +97,8 @@ void AddSmsCommands(CLI::App& app, Action& chosen) {
     CLI::App* sms = app.add_subcommand("sms", "Short messages");
     sms->require_subcommand(1);
     const auto memory = std::make_shared<std::string>();
-    CLI::App* rawList = sms->add_subcommand("raw-list", "Print state and PDU of every used location of a memory");
+    CLI::App* rawList =
+        sms->add_subcommand("raw-list", "Print state and PDU of every used location of a memory");
     rawList->footer("Reading an unread message makes it a read one, as on the handset itself.");
     rawList->add_option("--memory", *memory, "SM for the SIM, ME for the handset")
         ->required()

@@ -18,8 +18,8 @@ struct TextOptions {
     bool littleEndian = false;
 };
 
-/// Each text of the command line, or else each line of the standard input, is one record; one that fails doesn't stop
-/// the others. A conversion gives nothing and has told why when it fails.
+/// Each text of the command line, or else each line of the standard input, is one record; one that fails
+/// doesn't stop the others. A conversion gives nothing and has told why when it fails.
 using Conversion = std::function<std::optional<Json>(const std::string& text, const TextOptions& options)>;
 
 ExitCode ConvertEach(const GlobalOptions& global, const TextOptions& options, const char* shown,
@@ -35,9 +35,11 @@ ExitCode ConvertEach(const GlobalOptions& global, const TextOptions& options, co
             PrintLine((*record)[shown].get<std::string>());
         }
     };
-    for (const std::string& text : options.texts) convertOne(text);
+    for (const std::string& text : options.texts)
+        convertOne(text);
     if (options.texts.empty()) {
-        for (std::string line; std::getline(std::cin, line);) convertOne(line);
+        for (std::string line; std::getline(std::cin, line);)
+            convertOne(line);
     }
     return code;
 }
@@ -76,13 +78,16 @@ void AddTextCommands(CLI::App& app, Action& chosen) {
         CLI::App* command = text->add_subcommand(name, description);
         command->add_option(argument, options->texts, "Without any, each line of the standard input is one");
         command->callback([&chosen, options, shown, convert] {
-            chosen = [=](const GlobalOptions& global) { return ConvertEach(global, *options, shown, convert); };
+            chosen = [=](const GlobalOptions& global) {
+                return ConvertEach(global, *options, shown, convert);
+            };
         });
         return std::pair(command, options);
     };
     const auto [toHex, toHexOptions] = add("to-hex", "Text to hexadecimal UCS-2", "TEXT", "hex", ToHex);
     toHex->add_flag("--little-endian", toHexOptions->littleEndian, "Low byte of each unit first");
-    const auto [fromHex, fromHexOptions] = add("from-hex", "Hexadecimal UCS-2 to text", "HEX", "text", FromHex);
+    const auto [fromHex, fromHexOptions] =
+        add("from-hex", "Hexadecimal UCS-2 to text", "HEX", "text", FromHex);
     fromHex->add_flag("--little-endian", fromHexOptions->littleEndian, "Low byte of each unit first");
     add("pack", "Text to a packed alpha identifier (0x81), in hexadecimal", "TEXT", "hex", Pack);
 }

@@ -45,7 +45,8 @@ private:
     void EndLine() {
         const std::lock_guard guard(mutex_);
         if (!sent_.empty() || !received_.empty()) {
-            PrintWords(fmt::format("> {} < {}", std::exchange(sent_, {}), MakeVisible(std::exchange(received_, {}))));
+            PrintWords(fmt::format("> {} < {}", std::exchange(sent_, {}),
+                                   MakeVisible(std::exchange(received_, {}))));
         }
     }
 

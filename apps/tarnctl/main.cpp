@@ -6,14 +6,17 @@ using namespace tarnbridge;
 
 namespace {
 
-constexpr const char* footer = R"(Exit codes: 0 done, 1 the operation failed, 2 wrong usage, 3 no link to the handset.
+constexpr const char* footer =
+    R"(Exit codes: 0 done, 1 the operation failed, 2 wrong usage, 3 no link to the handset.
 Data goes to the standard output, words to the standard error.)";
 
 void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
-    const std::map<std::string, FlowControl> flows = {
-        {"none", FlowControl::None}, {"hardware", FlowControl::Hardware}, {"software", FlowControl::Software}};
+    const std::map<std::string, FlowControl> flows = {{"none", FlowControl::None},
+                                                      {"hardware", FlowControl::Hardware},
+                                                      {"software", FlowControl::Software}};
     app.add_option("--port", options.port,
-                   "The serial port, a device path or COM7 as 'tarnctl ports' lists them; by default the one that the "
+                   "The serial port, a device path or COM7 as 'tarnctl ports' lists them; by default the one "
+                   "that the "
                    "settings name")
         ->type_name("NAME");
     app.add_option("--baud", options.baudRate, "Its baud rate")->type_name("N")->capture_default_str();

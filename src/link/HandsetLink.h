@@ -57,8 +57,8 @@ public:
     bool IsPortOpen() const { return portOpen; }
     bool IsSessionReady() const { return sessionReady; }
 
-    /// The handset's channel mode (`+ESUO`) as last known: 3 for files, 4 for all else; other values mean that it has no
-    /// such modes.
+    /// The handset's channel mode (`+ESUO`) as last known: 3 for files, 4 for all else; other values mean
+    /// that it has no such modes.
     int32_t ChannelMode();
 
     /// What the handshake learnt. A copy, since another thread may run the next handshake.
