@@ -111,15 +111,16 @@ std::string Ball() {
                    "..####..", "########", "########", "..####.."});
 }
 
-/// A long message, 153 septets or 67 units a part, no escape cut from its character.
+/// A long message in parts, no escape cut from its character.
 struct LongText {
     std::vector<std::u16string> parts;
     bool ucs2;  ///< for all parts, also one that GSM text would hold
 };
 
-LongText Parts(std::u16string_view text) {
+/// 153 septets or 67 units a part; one less where the reference has 16 bits.
+LongText Parts(std::u16string_view text, bool wideReference = false) {
     LongText result{std::vector<std::u16string>(1), !TextToSeptets(text)};
-    const size_t most = result.ucs2 ? 67 : 153;
+    const size_t most = (result.ucs2 ? 67 : 153) - (wideReference ? 1 : 0);
     size_t length = 0;
     for (const char16_t unit : text) {
         const size_t size = result.ucs2 ? 1 : TextToSeptets({&unit, 1})->size();
@@ -297,7 +298,7 @@ void FillSim(HandsetContent& content) {
     author.Receive(read, jonas, u"Schlüssel liegt beim Nachbarn. Tür klemmt!");
     author.Receive(unread, mira, u"Call me when you're up @ home, it's about the £50");
     author.Skip(1);
-    const auto french = Parts(frenchStory);
+    const auto french = Parts(frenchStory, true);
     for (size_t i = french.parts.size(); i > 0; --i) {
         author.ReceivePart(read, aurelie, french, i, WidePartElement(0x3e07, french.parts.size(), i));
     }
