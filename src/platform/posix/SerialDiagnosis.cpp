@@ -5,10 +5,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <sstream>
 
 #include <fmt/format.h>
 #include <grp.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include "platform/Files.h"
@@ -44,9 +46,31 @@ bool HasOpen(const fs::path& process, dev_t device) {
     });
 }
 
+/// The process that holds a lock on a file, as the kernel lists it, or 0.
+int LockOwner(const struct stat& status) {
+    const auto locks = ReadFile("/proc/locks");
+    if (!locks) return 0;
+    const std::string file =
+        fmt::format("{:02x}:{:02x}:{}", major(status.st_dev), minor(status.st_dev), status.st_ino);
+    std::istringstream lines(*locks);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream fields(line);
+        std::string number, kind, mode, access, owned;
+        int process = 0;
+        if (fields >> number >> kind >> mode >> access >> process >> owned && owned == file) return process;
+    }
+    return 0;
+}
+
+/// Whoever holds the lock is named first; a program that doesn't lock is found by what it has open.
 void DescribeHolder(const std::string& path, SerialOpenFailure& failure) {
     struct stat status {};
     const bool known = ::stat(path.c_str(), &status) == 0;
+    const int lockOwner = known ? LockOwner(status) : 0;
+    if (lockOwner > 0 && lockOwner != ::getpid()) {
+        failure.holderId = lockOwner;
+        failure.holderName = ProcessName(fs::path("/proc") / std::to_string(lockOwner));
+    }
     for (const fs::path& process : OtherProcesses()) {
         const std::string name = ProcessName(process);
         failure.modemManagerRuns |= name == "ModemManager";
