@@ -140,6 +140,10 @@ void HandsetServer::Serve() {
             const std::lock_guard guard(mutex_);
             if (stop_) return;
             const Time now = std::chrono::steady_clock::now();
+            if (ready.deserted) {
+                handset_.Interrupt();
+                wire_.Hush();
+            }
             if (ready.readable) {
                 const size_t count = terminal_.Read(buffer.data(), buffer.size());
                 wire_.Arrive({buffer.data(), count}, now);

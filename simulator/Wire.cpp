@@ -85,11 +85,17 @@ Wire::Time Wire::Next() const {
     return next;
 }
 
-void Wire::Clear() {
-    in_.clear();
+void Wire::Hush() {
     out_.clear();
-    unheard_ = unsent_ = 0;
-    inFree_ = outFree_ = Time{};
+    unsent_ = 0;
+    outFree_ = Time{};
+}
+
+void Wire::Clear() {
+    Hush();
+    in_.clear();
+    unheard_ = 0;
+    inFree_ = Time{};
 }
 
 }  // namespace tarnbridge::simulator

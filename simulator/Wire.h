@@ -52,6 +52,9 @@ public:
     size_t Unsent() const { return unsent_; }
     bool Silent() const { return out_.empty(); }
 
+    /// Drops what is on its way to the PC.
+    void Hush();
+
     /// Drops all that is on its way, as a pulled plug does.
     void Clear();
 

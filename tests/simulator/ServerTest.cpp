@@ -107,6 +107,17 @@ TEST(Server, LeavesNothingToTheNextUser) {
     EXPECT_EQ(second.Ask("AT"), ok);
 }
 
+TEST(Server, GivesABodyUpWhenThePcIsGone) {
+    test::VirtualHandset handset;
+    {
+        Terminal first(handset.Path());
+        first.Ask("ATE0");
+        first.Write("AT+CMGW=18,2\r");
+        EXPECT_EQ(first.Until("> "), "\r\n> ");
+    }
+    EXPECT_EQ(Terminal(handset.Path()).Ask("AT"), ok);
+}
+
 TEST(Server, ComesBackBehindTheSameLink) {
     test::VirtualHandset handset;
     for (int i = 0; i < 20; ++i) {
