@@ -21,7 +21,7 @@ enum class Value { None, MayBeNumber, Number, MayBeText, Text };
 struct Kind {
     const char* name;
     Value value;
-    std::initializer_list<std::string_view> modifiers;
+    std::vector<std::string_view> modifiers;
 };
 
 const std::array<Kind, 18>& Kinds() {
@@ -92,7 +92,7 @@ Answer ErrorFor(const Command& command, int number) {
     return message && command.name != "+CMEE" ? Answer::Cms(number) : Answer::Cme(number);
 }
 
-/// Bytes that no reply holds, and no CR or LF that would open or close a line. The same ones each time.
+/// Noise without CR and LF, which would open or close a line; the same each time.
 std::string Garbage(int count) {
     std::string bytes;
     unsigned state = 0x5eed;
@@ -268,8 +268,7 @@ void Faults::Shape(Features& features) const {
         features.storeQuery = fault->value == "error" ? "ERROR" : fault->value;
     }
     if (const Fault* fault = Find("channel-mode")) {
-        features.channelMode = fault->value == "error" ? -1 : fault->number;
-        if (const auto mode = WholeNumber(fault->value)) features.channelMode = *mode;
+        features.channelMode = WholeNumber(fault->value).value_or(-1);
     }
 }
 

@@ -60,6 +60,10 @@ void Handset::Restart() {
     features_ = content_.features;
     if (gate_ != nullptr) gate_->Shape(features_);
     session_ = Session::Begin(content_, features_, session_);
+    Interrupt();
+}
+
+void Handset::Interrupt() {
     line_.clear();
     rest_.clear();
     pending_ = Answer::Ok();

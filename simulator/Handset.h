@@ -26,6 +26,9 @@ public:
     /// As after a new plug: half a line and all settings of the session are forgotten.
     void Restart();
 
+    /// Forgets half a line and the body that a prompt has asked for, as when the PC lets go of the port.
+    void Interrupt();
+
     /// Answers a command line (without its CR) with these bytes as they stand, from now on, in place of what
     /// the phone would say. An empty reply makes it silent to that line.
     void Script(const std::string& line, std::string reply) { scripts_[line] = std::move(reply); }

@@ -14,6 +14,9 @@ using namespace std::chrono_literals;
 constexpr size_t longestHistory = 20'000;
 /// What the PC has sent beyond this waits in the system until the paced line has taken some of it.
 constexpr size_t mostUnheard = 1 << 16;
+/// So does all that it sends while it leaves more than this of the replies unread.
+constexpr size_t mostUnsent = 64 << 20;
+constexpr size_t longestLogged = 10'000;
 /// The state is saved when the line has been quiet for so long, and at the latest so long after a change.
 constexpr auto quietBeforeSave = 200ms;
 constexpr auto longestUnsaved = 2s;
@@ -68,6 +71,7 @@ Outcome HandsetServer::Stop() {
     {
         const std::lock_guard guard(mutex_);
         stop_ = true;
+        changed_.notify_all();
     }
     terminal_.Wake();
     thread_.Join();
@@ -136,6 +140,10 @@ void HandsetServer::Serve() {
             const std::lock_guard guard(mutex_);
             if (stop_) return;
             const Time now = std::chrono::steady_clock::now();
+            if (ready.deserted) {
+                handset_.Interrupt();
+                wire_.Hush();
+            }
             if (ready.readable) {
                 const size_t count = terminal_.Read(buffer.data(), buffer.size());
                 wire_.Arrive({buffer.data(), count}, now);
@@ -144,11 +152,10 @@ void HandsetServer::Serve() {
             Listen(now);
             Send(now);
             deadline = std::min(SeeToThePlug(now), SaveWhenQuiet(now));
-            // A full queue gives bytes back by its own sign; their time has come already.
-            if (!blocked_) deadline = std::min(deadline, wire_.Next());
-            reading = wire_.Unheard() < mostUnheard;
+            // Bytes that a full queue has refused are due already: they wait for room, not for a time.
+            deadline = std::min(deadline, blocked_ ? wire_.NextHeard() : wire_.Next());
+            reading = wire_.Unheard() < mostUnheard && wire_.Unsent() < mostUnsent;
             writing = blocked_;
-            if (blocked_ && !reading) deadline = std::min(deadline, wire_.Next());
         }
         ready = terminal_.Wait(reading, writing, deadline);
     }
@@ -161,7 +168,7 @@ void HandsetServer::Listen(Time now) {
     Time when = now;
     while (const std::optional<Wire::Heard> heard = wire_.Hear(now)) {
         when = heard->when;
-        heard_ += heard->byte;
+        if (!options_.log.empty() && heard_.size() < longestLogged) heard_ += heard->byte;
         handset_.Take(heard->byte, said);
         const bool ends = heard->byte == '\r' || heard->byte == '\x1a' || heard->byte == '\x1b';
         if (ends) Speak(std::exchange(said, {}), when, true);

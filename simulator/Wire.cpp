@@ -48,6 +48,7 @@ std::optional<Wire::Heard> Wire::Hear(Time now) {
 
 void Wire::Say(std::string bytes, Time earliest) {
     if (bytes.empty()) return;
+    unsent_ += bytes.size();
     out_.push_back({std::move(bytes), std::max(outFree_, earliest)});
     outFree_ = TimeOf(out_.back(), out_.back().bytes.size());
 }
@@ -60,17 +61,20 @@ std::string_view Wire::Due(Time now) const {
 
 void Wire::Deliver(size_t count) {
     out_.front().passed += count;
+    unsent_ -= count;
     if (out_.front().passed == out_.front().bytes.size()) out_.pop_front();
 }
 
+Wire::Time Wire::NextHeard() const {
+    if (in_.empty()) return Time::max();
+    const Transmission& first = in_.front();
+    const size_t end =
+        std::min(first.bytes.find_first_of("\r\x1a\x1b", first.passed), first.bytes.size() - 1);
+    return TimeOf(first, end + 1);
+}
+
 Wire::Time Wire::Next() const {
-    Time next = Time::max();
-    if (!in_.empty()) {
-        const Transmission& first = in_.front();
-        const size_t end =
-            std::min(first.bytes.find_first_of("\r\x1a\x1b", first.passed), first.bytes.size() - 1);
-        next = TimeOf(first, end + 1);
-    }
+    Time next = NextHeard();
     if (!out_.empty()) {
         const Transmission& first = out_.front();
         const size_t step = std::max<size_t>(static_cast<size_t>(baud_) / 10'000, 1);
@@ -81,11 +85,17 @@ Wire::Time Wire::Next() const {
     return next;
 }
 
-void Wire::Clear() {
-    in_.clear();
+void Wire::Hush() {
     out_.clear();
+    unsent_ = 0;
+    outFree_ = Time{};
+}
+
+void Wire::Clear() {
+    Hush();
+    in_.clear();
     unheard_ = 0;
-    inFree_ = outFree_ = Time{};
+    inFree_ = Time{};
 }
 
 }  // namespace tarnbridge::simulator

@@ -45,8 +45,15 @@ public:
     /// the end of a command or of a transmission. Time::max() when nothing is on its way.
     Time Next() const;
 
+    /// The same for Hear alone.
+    Time NextHeard() const;
+
     size_t Unheard() const { return unheard_; }
+    size_t Unsent() const { return unsent_; }
     bool Silent() const { return out_.empty(); }
+
+    /// Drops what is on its way to the PC.
+    void Hush();
 
     /// Drops all that is on its way, as a pulled plug does.
     void Clear();
@@ -67,6 +74,7 @@ private:
     Time inFree_{};
     Time outFree_{};
     size_t unheard_ = 0;
+    size_t unsent_ = 0;
 };
 
 }  // namespace tarnbridge::simulator

@@ -21,6 +21,7 @@ public:
     struct Ready {
         bool readable = false;
         bool writable = false;
+        bool deserted = false;  ///< the last user of the device has closed it, where the system tells
     };
 
     /// Nothing is made before Plug. `path` is where a symbolic link to the device will stand.
@@ -55,7 +56,7 @@ public:
 private:
     struct State;
 
-    void NoteUsers();
+    bool NoteUsers();
 
     const std::filesystem::path path_;
     const std::unique_ptr<State> state_;

@@ -140,15 +140,16 @@ PseudoTerminal::Ready PseudoTerminal::Wait(bool reading, bool writing, Time dead
         eventfd_t count = 0;
         ::eventfd_read(state_->wake.Get(), &count);
     }
-    if (polled[1].revents != 0) NoteUsers();
-    return {(polled[2].revents & POLLIN) != 0, (polled[2].revents & POLLOUT) != 0};
+    const bool deserted = polled[1].revents != 0 && NoteUsers();
+    return {(polled[2].revents & POLLIN) != 0, (polled[2].revents & POLLOUT) != 0, deserted};
 }
 
 void PseudoTerminal::Wake() {
     ::eventfd_write(state_->wake.Get(), 1);
 }
 
-void PseudoTerminal::NoteUsers() {
+/// Counts who came and went, and clears up after the last one. True when there was a moment with nobody.
+bool PseudoTerminal::NoteUsers() {
     alignas(inotify_event) std::array<char, 4096> buffer{};
     bool deserted = false;
     for (;;) {
@@ -165,9 +166,10 @@ void PseudoTerminal::NoteUsers() {
             at += sizeof(inotify_event) + event.len;
         }
     }
-    if (!deserted) return;
+    if (!deserted) return false;
     ::tcflush(state_->pair.slave.Get(), TCIFLUSH);
     if (state_->pair.users == 0) ::ioctl(state_->pair.slave.Get(), TIOCNXCL);
+    return true;
 }
 
 size_t PseudoTerminal::Read(char* buffer, size_t size) {
