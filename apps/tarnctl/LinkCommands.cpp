@@ -71,16 +71,17 @@ ExitCode ShowInfo(const GlobalOptions& options) {
 ExitCode Ping(const GlobalOptions& options) {
     Connection connection(options);
     if (!connection.Open()) return NoLink;
-    const Milliseconds start = SystemClock().Now();
+    const auto start = std::chrono::steady_clock::now();
     if (!connection.Link().Ping()) {
         PrintWords(fmt::format("the handset on {} does not answer", connection.Device()));
         return OperationFailed;
     }
-    const auto duration = (SystemClock().Now() - start).count();
+    const auto duration = std::chrono::steady_clock::now() - start;
+    const double milliseconds = std::chrono::round<std::chrono::microseconds>(duration).count() / 1000.0;
     if (options.json) {
-        PrintRecord({{"device", connection.Device()}, {"milliseconds", duration}});
+        PrintRecord({{"device", connection.Device()}, {"milliseconds", milliseconds}});
     } else {
-        PrintLine(fmt::format("{} answers in {} ms", connection.Device(), duration));
+        PrintLine(fmt::format("{} answers in {:.1f} ms", connection.Device(), milliseconds));
     }
     return Done;
 }

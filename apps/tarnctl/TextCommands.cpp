@@ -76,7 +76,8 @@ void AddTextCommands(CLI::App& app, Action& chosen) {
                          const Conversion& convert) {
         const auto options = std::make_shared<TextOptions>();
         CLI::App* command = text->add_subcommand(name, description);
-        command->add_option(argument, options->texts, "Without any, each line of the standard input is one");
+        command->add_option(argument, options->texts, "Without any, each line of the standard input is one")
+            ->type_name("");
         command->callback([&chosen, options, shown, convert] {
             chosen = [=](const GlobalOptions& global) {
                 return ConvertEach(global, *options, shown, convert);
