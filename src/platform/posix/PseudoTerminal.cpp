@@ -140,8 +140,11 @@ PseudoTerminal::Ready PseudoTerminal::Wait(bool reading, bool writing, Time dead
         eventfd_t count = 0;
         ::eventfd_read(state_->wake.Get(), &count);
     }
-    const bool deserted = polled[1].revents != 0 && NoteUsers();
-    return {(polled[2].revents & POLLIN) != 0, (polled[2].revents & POLLOUT) != 0, deserted};
+    const bool readable = (polled[2].revents & POLLIN) != 0;
+    // The system looks at one descriptor after the other: bytes of the next user may be seen without the news
+    // that the last one went, which came first.
+    const bool deserted = (polled[1].revents != 0 || readable) && NoteUsers();
+    return {readable, (polled[2].revents & POLLOUT) != 0, deserted};
 }
 
 void PseudoTerminal::Wake() {
