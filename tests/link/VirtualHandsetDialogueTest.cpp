@@ -23,7 +23,6 @@ class VirtualHandsetDialogue : public ::testing::Test {
 protected:
     VirtualHandsetDialogue() {
         handset.With([](simulator::HandsetContent& content) { return content.Add("SM", 1, pdu); });
-        link.commandTimeout = 100;
     }
 
     bool Connect() {
@@ -44,18 +43,18 @@ protected:
     }
 
     std::string WriteMessage() { return WriteMessage(link); }
-    static std::string WriteMessage(HandsetLink& link) {
+    static std::string WriteMessage(HandsetLink& link, uint32_t seconds = 5) {
         ATResult result;
         result.prefix = "+CMGW";
         const std::string text = "AT+CMGW=" + std::to_string(pdu.size() / 2 - 8) + ", 1\r";
-        if (link.ExecTwoStage(text, pdu + "\x1A", 1, result)) return "written";
+        if (link.ExecTwoStage(text, pdu + "\x1A", seconds, result)) return "written";
         const int32_t number = result.ErrorNumber();
         return number >= 0 ? "error " + std::to_string(number) : "failed";
     }
 
     /// Works through everything that the link does; false at the first thing that fails.
     static bool DoEverything(HandsetLink& link) {
-        return link.Ping() && ReadMessage(link) == "read" && WriteMessage(link) == "written" &&
+        return link.Ping() && ReadMessage(link) == "read" && WriteMessage(link, 1) == "written" &&
                link.SelectPhonebookStore(u"SM") && link.SelectCharset(u"UCS2");
     }
 
@@ -87,7 +86,6 @@ TEST_F(VirtualHandsetDialogue, WithEachFaultThatAHandsetIsAllowed) {
                                                {"refuse=+EFS", "refuse=+EVCARD", "refuse=+EQUERY"}};
     for (const auto& fault : faults) {
         const std::string name = fault.empty() ? "no fault" : fault.front();
-        link.commandTimeout = 5000;
         handset.SetFaults(fault);
         ASSERT_TRUE(Connect());
         EXPECT_TRUE(link.EnsureSession()) << name;
@@ -124,6 +122,7 @@ TEST_P(VirtualHandsetSilence, AtEveryCommandAndComingBack) {
         std::string fault = GetParam();
         fault.replace(fault.find('N'), 1, std::to_string(n + 1));
         handset.SetFaults({fault});
+        fastClock.speed = 8;
         ASSERT_TRUE(connect()) << fault;
         EXPECT_FALSE(DoEverything(fastLink) && DoEverything(fastLink)) << fault;
         fastLink.Disconnect(true);
@@ -134,6 +133,7 @@ TEST_P(VirtualHandsetSilence, AtEveryCommandAndComingBack) {
         EXPECT_FALSE(connect()) << fault;
         EXPECT_EQ(fastLink.OpenFailure().fault, SerialOpenFault::Missing);
         handset.Plug();
+        fastClock.speed = 1;
         ASSERT_TRUE(connect()) << "after " << fault;
         // As the program does it: what fails now on a busy machine is tried again.
         EXPECT_TRUE(fastLink.Ping() || fastLink.Ping() || fastLink.Ping()) << "after " << fault;
@@ -155,7 +155,7 @@ TEST_F(VirtualHandsetDialogue, RefusalsOfATwoStageCommand) {
     ASSERT_TRUE(Connect());
     ASSERT_TRUE(link.EnsureSession());
     handset.SetFaults({"refuse-prompt"});
-    EXPECT_EQ(WriteMessage(), "failed") << "a refusal in place of the prompt isn't seen";
+    EXPECT_EQ(WriteMessage(link, 1), "failed") << "a refusal in place of the prompt isn't seen";
     handset.SetFaults({"refuse-body=305"});
     EXPECT_EQ(WriteMessage(), "error 305");
     handset.SetFaults({});
@@ -181,7 +181,9 @@ TEST_F(VirtualHandsetDialogue, AHandedOverMessageSwallowsUntilTheNextConnection)
     for (const char* word : {"+CMT", "+CBM", "+CDS"}) {
         LinkKind kind{};
         ASSERT_TRUE(fastLink.Connect(handset.Path(), kind));
+        fastClock.speed = 1;
         EXPECT_TRUE(fastLink.Ping()) << word;
+        fastClock.speed = 8;
         handset.SetFaults({std::string("unsolicited-pdu=") + word});
         EXPECT_FALSE(fastLink.Ping()) << word;
         handset.SetFaults({});
@@ -191,7 +193,6 @@ TEST_F(VirtualHandsetDialogue, AHandedOverMessageSwallowsUntilTheNextConnection)
 }
 
 TEST_F(VirtualHandsetDialogue, ThreadsGetTheirOwnAnswers) {
-    link.commandTimeout = 5000;
     ASSERT_TRUE(Connect());
     ASSERT_TRUE(link.EnsureSession());
     std::vector<std::thread> threads;
@@ -227,6 +228,7 @@ TEST_F(VirtualHandsetDialogue, NothingIsLeftBehind) {
     link.Disconnect(true);
     const auto threadsBefore = threads();
     const auto filesBefore = files();
+    link.commandTimeout = 100;
     for (const char* fault : {"split=5,gap=0", "silent-after=3", "unplug-after=9"}) {
         handset.SetFaults({fault});
         ASSERT_TRUE(Connect());
