@@ -9,7 +9,6 @@
 namespace tarnbridge {
 namespace {
 
-constexpr uint8_t ucs2 = 8;
 constexpr char16_t mark = 0x1B;
 constexpr std::u16string_view markedCharacters = u"|^{}[~]\\";
 constexpr int singleSegmentText = 320;
@@ -113,15 +112,15 @@ void RemoveEmptyFormats(EmsMessage& message) {
 
 EmsResult EmsSetDcs(EmsMessage* message, uint8_t dcs) {
     if (const EmsResult result = CheckMessage(message); result != EmsResult::Done) return result;
-    if (dcs != 0 && dcs != 16 && dcs != 4 && dcs != ucs2) return EmsResult::InvalidDcs;
+    if (dcs != 0 && dcs != 16 && dcs != 4 && dcs != 8) return EmsResult::InvalidDcs;
     if (dcs == message->dcs) return EmsResult::Done;
     const Snapshot before(*message);
     EmsObject* const object = ObjectBeforeCursor(*message);
-    const bool rewrites = (dcs == ucs2) != (message->dcs == ucs2);
+    const bool rewrites = IsUcs2(dcs) != IsUcs2(message->dcs);
     message->dcs = dcs;
     message->dcsByte = static_cast<uint8_t>((message->dcsByte & ~12) | (dcs & 12));
     EmsResult result = EmsResult::Done;
-    if (rewrites && !RewriteMarks(*message, dcs != ucs2)) result = EmsResult::NoRoom;
+    if (rewrites && !RewriteMarks(*message, !IsUcs2(dcs))) result = EmsResult::NoRoom;
     if (result == EmsResult::Done) result = LayOut(*message);
     if (result != EmsResult::Done) {
         before.Restore(*message);

@@ -161,7 +161,7 @@ private:
         if (header_ > 0) segment[0] = static_cast<uint8_t>(header_ - headerLengthOctet);
         uint8_t* out = segment + header_;
         for (int at = segmentStart_; at < textAt_; at += 2) {
-            if (!plan_.septets) *out++ = message_.text[at];
+            if (IsUcs2(message_.dcs)) *out++ = message_.text[at];
             *out++ = message_.text[at + 1];
         }
         output_->lengths[segment_] = static_cast<int>(out - segment);
@@ -386,9 +386,9 @@ EmsResult LayOutWithExtended(EmsMessage& message, Plan& plan, int octets, const 
 
 EmsResult LayOut(EmsMessage& message, const SegmentOutput* output) {
     Plan plan;
-    plan.septets = IsSeptetCoding(message.dcs);
+    plan.septets = CountsSeptets(message.dcs);
     plan.capacity = plan.septets ? septetCapacity : octetCapacity;
-    plan.unitsPerCharacter = plan.septets ? 1 : 2;
+    plan.unitsPerCharacter = IsUcs2(message.dcs) ? 2 : 1;
     plan.segmentsAllowed = message.state->segmentsAllowed;
     bool hasExtended = false;
     for (const EmsObject* node = message.first; node; node = node->next)

@@ -18,8 +18,13 @@ struct SegmentOutput {
 /// and writes the segments when `output` is given. NoRoom when more segments are needed than are allowed.
 EmsResult LayOut(EmsMessage& message, const SegmentOutput* output = nullptr);
 
-/// Whether the coding counts in septets; in all of these a character is one byte of a written segment.
-inline bool IsSeptetCoding(uint8_t dcs) {
+/// Whether a character takes two bytes of a written segment. In every other coding it is its low byte.
+inline bool IsUcs2(uint8_t dcs) {
+    return dcs == 8;
+}
+
+/// Whether a segment holds 160 septets. 8-bit data is laid out as text of the default alphabet is.
+inline bool CountsSeptets(uint8_t dcs) {
     return dcs != 8;
 }
 

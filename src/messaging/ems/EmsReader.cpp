@@ -43,11 +43,11 @@ public:
             return AppendText(reinterpret_cast<const uint8_t*>(lostPart.data()),
                               static_cast<int>(lostPart.size()), true);
         }
-        hasUcs2_ = hasUcs2_ || dcs == 8;
+        hasUcs2_ = hasUcs2_ || IsUcs2(dcs);
         hasOctets_ = hasOctets_ || dcs == 4;
         const int header = headerLength > 0 ? std::min(headerLength + 1, length) : 0;
         segmentStart_ = message_.textLength;
-        const bool isRoomLeft = AppendText(bytes + header, std::max(length - header, 0), IsSeptetCoding(dcs));
+        const bool isRoomLeft = AppendText(bytes + header, std::max(length - header, 0), !IsUcs2(dcs));
         if (header > 0) WalkHeader(bytes + 1, header - 1, headerLength);
         return isRoomLeft;
     }
