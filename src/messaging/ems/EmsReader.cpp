@@ -19,6 +19,7 @@ constexpr int longestHeader = 140;
 /// Octets of an extended object or compressed block in one segment: all but the header's length and the
 /// element's head.
 constexpr int chunkInSegment = 140 - 1 - elementHead;
+constexpr int longestPending = emsSegments * chunkInSegment;
 /// Octets at the front of both kinds of blocks that end in the 16-bit length.
 constexpr int lengthEnd = 3;
 constexpr int wholeRun = 255;
@@ -28,7 +29,7 @@ struct Pending {
     uint8_t number = 0;  ///< of the elements, 0 while there is none
     int total = 0;       ///< octets that its first element tells of
     int received = 0;
-    std::array<uint8_t, emsSegments * chunkInSegment> bytes;
+    std::array<uint8_t, longestPending> bytes;
 };
 
 class Reader {
@@ -251,12 +252,12 @@ private:
         }
         if (length > pending_.total - pending_.received) return DropPending();
         // A block that is too long is followed to its end, so that the elements behind it are read aright.
-        const int room = static_cast<int>(pending_.bytes.size()) - pending_.received;
+        const int room = longestPending - pending_.received;
         if (room > 0) std::copy_n(bytes, std::min(length, room), pending_.bytes.data() + pending_.received);
         pending_.received += length;
         if (pending_.received < pending_.total) return;
         pending_.number = 0;
-        if (pending_.total > static_cast<int>(pending_.bytes.size())) {
+        if (pending_.total > longestPending) {
             Note(EmsResult::InvalidExtendedObject);
         } else if (number == element::compression) {
             ReadCompressedBlock();

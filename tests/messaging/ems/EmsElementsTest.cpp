@@ -29,41 +29,19 @@ TEST_F(EmsElements, FormOfEachObject) {
         {"large animation", EmsKind::Animation, ImageData("", 16, 16, 1, 4), 128, "02", 14},
         {"small animation", EmsKind::Animation, ImageData("", 8, 8, 1, 4), 32, "02", 15},
         {"animation of another side", EmsKind::Animation, ImageData("", 32, 8, 1, 4), 128,
-         "00060002"
-         "20080400",
+         "00060002 20080400", 20},
+        {"animation of three frames", EmsKind::Animation, ImageData("", 8, 8, 1, 3), 24, "00060002 08080300",
          20},
-        {"animation of three frames", EmsKind::Animation, ImageData("", 8, 8, 1, 3), 24,
-         "00060002"
-         "08080300",
-         20},
-        {"grey animation", EmsKind::Animation, ImageData("", 8, 8, 2, 4), 64,
-         "00070002"
-         "08080400",
-         20},
-        {"colour animation", EmsKind::Animation, ImageData("", 8, 8, 6, 4), 192,
-         "00080002"
-         "08080400",
-         20},
+        {"grey animation", EmsKind::Animation, ImageData("", 8, 8, 2, 4), 64, "00070002 08080400", 20},
+        {"colour animation", EmsKind::Animation, ImageData("", 8, 8, 6, 4), 192, "00080002 08080400", 20},
         {"large picture", EmsKind::Picture, ImageData("", 32, 32, 1), 128, "02", 16},
         {"small picture", EmsKind::Picture, ImageData("", 16, 16, 1), 32, "02", 17},
         {"picture of whole bytes", EmsKind::Picture, ImageData("", 24, 8, 1), 24, "020308", 18},
         {"square picture of whole bytes", EmsKind::Picture, ImageData("", 8, 8, 1), 8, "020108", 18},
-        {"picture with spare bits", EmsKind::Picture, ImageData("", 20, 20, 1), 50,
-         "00020002"
-         "1414",
-         20},
-        {"big picture", EmsKind::Picture, ImageData("", 40, 32, 1), 160,
-         "00020002"
-         "2820",
-         20},
-        {"grey picture", EmsKind::Picture, ImageData("", 16, 16, 2), 64,
-         "00030002"
-         "1010",
-         20},
-        {"colour picture", EmsKind::Picture, ImageData("", 16, 16, 6), 192,
-         "00040002"
-         "1010",
-         20},
+        {"picture with spare bits", EmsKind::Picture, ImageData("", 20, 20, 1), 50, "00020002 1414", 20},
+        {"big picture", EmsKind::Picture, ImageData("", 40, 32, 1), 160, "00020002 2820", 20},
+        {"grey picture", EmsKind::Picture, ImageData("", 16, 16, 2), 64, "00030002 1010", 20},
+        {"colour picture", EmsKind::Picture, ImageData("", 16, 16, 6), 192, "00040002 1010", 20},
         {"vCard", EmsKind::VCard, {}, 30, "00090002", 20},
         {"vCalendar", EmsKind::VCalendar, {}, 30, "000A0002", 20},
     };
@@ -156,28 +134,19 @@ TEST_F(EmsElements, SecondEqualPictureIsAReference) {
     AddObject(&message, EmsKind::Picture, &data);
     AddText(&message, u"de");
     AddObject(&message, EmsKind::Picture, &data);
-    EXPECT_EQ(Elements(Write(message).at(0)), (ElementList{{20, FromHex("0100340002"
-                                                                        "0003"
-                                                                        "1414") +
-                                                                    bytes},
-                                                           {21, FromHex("010005")}}));
+    EXPECT_EQ(Elements(Write(message).at(0)),
+              (ElementList{{20, FromHex("0100340002 0003 1414") + bytes}, {21, FromHex("010005")}}));
 
     // One in front of both takes the content over, and gives it back when it goes.
     EmsResetCursor(&message);
     AddObject(&message, EmsKind::Picture, &data);
-    EXPECT_EQ(Elements(Write(message).at(0)), (ElementList{{20, FromHex("0100340002"
-                                                                        "0000"
-                                                                        "1414") +
-                                                                    bytes},
+    EXPECT_EQ(Elements(Write(message).at(0)), (ElementList{{20, FromHex("0100340002 0000 1414") + bytes},
                                                            {21, FromHex("010003")},
                                                            {21, FromHex("010005")}}));
     CheckConsistent(message);
     EXPECT_EQ(Backspace(&message, 1), 1);
-    EXPECT_EQ(Elements(Write(message).at(0)), (ElementList{{20, FromHex("0100340002"
-                                                                        "0003"
-                                                                        "1414") +
-                                                                    bytes},
-                                                           {21, FromHex("010005")}}));
+    EXPECT_EQ(Elements(Write(message).at(0)),
+              (ElementList{{20, FromHex("0100340002 0003 1414") + bytes}, {21, FromHex("010005")}}));
     CheckConsistent(message);
 }
 
@@ -203,16 +172,9 @@ TEST_F(EmsElements, CompressedBlock) {
     AddObject(&message, EmsKind::Picture, &picture);
     AddObject(&message, EmsKind::PredefinedSound, nullptr, 7);
     // The literals, 49 zeros copied from the first one, and the reference behind.
-    EXPECT_EQ(Elements(Write(message).at(0)), (ElementList{{22, FromHex("000013"
-                                                                        "8B"
-                                                                        "140100340002"
-                                                                        "0003"
-                                                                        "1414"
-                                                                        "00"
-                                                                        "6201"
-                                                                        "84"
-                                                                        "15010003")},
-                                                           {11, FromHex("0307")}}));
+    EXPECT_EQ(Elements(Write(message).at(0)),
+              (ElementList{{22, FromHex("000013 8B 140100340002 0003 1414 00 6201 84 15010003")},
+                           {11, FromHex("0307")}}));
 
     // What compression would only lengthen goes out by itself.
     EmsTestMessage dense;

@@ -64,10 +64,7 @@ TEST_F(EmsReader, SegmentsThatCannotBeReadAreMarked) {
 
 TEST_F(EmsReader, CodingsOfTheSegmentsAreMixed) {
     const std::string plain = FromHex("050003010201") + "a\xE9";
-    const std::string wide = FromHex(
-        "050003010202"
-        "20AC"
-        "FF");
+    const std::string wide = FromHex("050003010202 20AC FF");
     const uint8_t* const buffers[] = {reinterpret_cast<const uint8_t*>(plain.data()),
                                       reinterpret_cast<const uint8_t*>(wide.data())};
     const int lengths[] = {8, 9};
@@ -126,11 +123,7 @@ TEST_F(EmsReader, ElementsThatAreLeftOut) {
         {"format without a length", FromHex("0A03000010"), EmsResult::Done},
         {"format of a reserved size", FromHex("0A0300021C"), EmsResult::Done},
         {"format too short", FromHex("0A020002"), EmsResult::InvalidData},
-        {"unknown elements",
-         FromHex("7002FFFF"
-                 "1301FF"
-                 "0100"),
-         EmsResult::Done},
+        {"unknown elements", FromHex("7002FFFF 1301FF 0100"), EmsResult::Done},
         {"ports of a wrong length", FromHex("0503000000"), EmsResult::Done},
         {"sound 10", FromHex("0B02000A"), EmsResult::InvalidData},
         {"animation 15", FromHex("0D02000F"), EmsResult::InvalidData},
@@ -140,54 +133,20 @@ TEST_F(EmsReader, ElementsThatAreLeftOut) {
         {"picture of 31 bytes", FromHex("112000") + std::string(31, 'p'), EmsResult::InvalidData},
         {"picture wider than 255", FromHex("1223002001") + std::string(32, 'p'), EmsResult::InvalidData},
         {"picture of no height", FromHex("1203000100"), EmsResult::InvalidData},
-        {"element beyond the header",
-         FromHex("0B020001"
-                 "0C7F00"),
-         EmsResult::InvalidData},
-        {"extended type 13",
-         FromHex("1408"
-                 "010001000D000000"),
+        {"element beyond the header", FromHex("0B020001 0C7F00"), EmsResult::InvalidData},
+        {"extended type 13", FromHex("1408 010001000D000000"), EmsResult::InvalidExtendedObject},
+        {"extended type 11, which others know", FromHex("1408 010001000B000000"), EmsResult::Done},
+        {"extended picture of a wrong size", FromHex("1409 010002000200000808"), EmsResult::InvalidData},
+        {"extended sound 10", FromHex("1408 010001000000000A"), EmsResult::InvalidData},
+        {"extended object that never ends", FromHex("1408 0100050009000041"),
          EmsResult::InvalidExtendedObject},
-        {"extended type 11, which others know",
-         FromHex("1408"
-                 "010001000B000000"),
-         EmsResult::Done},
-        {"extended picture of a wrong size",
-         FromHex("1409"
-                 "010002000200000808"),
-         EmsResult::InvalidData},
-        {"extended sound 10",
-         FromHex("1408"
-                 "010001000000000A"),
-         EmsResult::InvalidData},
-        {"extended object that never ends",
-         FromHex("1408"
-                 "0100050009000041"),
+        {"extended object too short to tell", FromHex("1402 0100"), EmsResult::InvalidExtendedObject},
+        {"chunk longer than the object", FromHex("140A 01000100090000414141"),
          EmsResult::InvalidExtendedObject},
-        {"extended object too short to tell",
-         FromHex("1402"
-                 "0100"),
-         EmsResult::InvalidExtendedObject},
-        {"chunk longer than the object",
-         FromHex("140A"
-                 "01000100090000414141"),
-         EmsResult::InvalidExtendedObject},
-        {"reference to nothing",
-         FromHex("1503"
-                 "010000"),
-         EmsResult::InvalidExtendedObject},
-        {"compressed by another method",
-         FromHex("1605"
-                 "0100028141"),
-         EmsResult::InvalidExtendedObject},
-        {"compressed badly",
-         FromHex("1605"
-                 "0000020601"),
-         EmsResult::InvalidExtendedObject},
-        {"compressed block of other elements",
-         FromHex("1605"
-                 "0000028141"),
-         EmsResult::InvalidExtendedObject},
+        {"reference to nothing", FromHex("1503 010000"), EmsResult::InvalidExtendedObject},
+        {"compressed by another method", FromHex("1605 0100028141"), EmsResult::InvalidExtendedObject},
+        {"compressed badly", FromHex("1605 0000020601"), EmsResult::InvalidExtendedObject},
+        {"compressed block of other elements", FromHex("1605 0000028141"), EmsResult::InvalidExtendedObject},
     };
     for (const Row& row : rows) {
         EmsTestMessage message;
@@ -201,14 +160,8 @@ TEST_F(EmsReader, ElementsThatAreLeftOut) {
 
 TEST_F(EmsReader, ReusedObjectsStandBehindTheirOriginals) {
     EmsTestMessage message;
-    const std::string card = FromHex(
-        "1409"
-        "070002010900024142");
-    EXPECT_EQ(Read(message, true,
-                   {Header(card + FromHex("1503070003"
-                                          "1503070002")) +
-                    "abc"},
-                   0),
+    const std::string card = FromHex("1409 070002010900024142");
+    EXPECT_EQ(Read(message, true, {Header(card + FromHex("1503070003 1503070002")) + "abc"}, 0),
               EmsResult::Done);
     EXPECT_EQ(Describe(message).size(), 3U);
     EXPECT_EQ(message.first->reference, 1) << "a number of this message's own";
@@ -219,12 +172,7 @@ TEST_F(EmsReader, ReusedObjectsStandBehindTheirOriginals) {
         << "in front of it";
     EXPECT_EQ(Describe(message).size(), 1U);
     // The number taken again stands for the later object.
-    EXPECT_EQ(Read(message, true,
-                   {Header(card + FromHex("1408"
-                                          "0700010009000241"
-                                          "1503070003")) +
-                    "abc"},
-                   0),
+    EXPECT_EQ(Read(message, true, {Header(card + FromHex("1408 0700010009000241 1503070003")) + "abc"}, 0),
               EmsResult::Done);
     EXPECT_EQ(message.last->data.size, 1);
     EXPECT_EQ(message.last->reference, 2);
@@ -240,11 +188,7 @@ TEST_F(EmsReader, DistributionIndicatorCountsTheElementsBehindIt) {
     const Row rows[] = {
         {"two of three", FromHex("17020201") + picture + picture + picture, "110"},
         {"count 0 is all", FromHex("17020001") + picture + picture + picture, "111"},
-        {"a sound counts",
-         FromHex("17020201"
-                 "0B020001") +
-             picture + picture,
-         "010"},
+        {"a sound counts", FromHex("17020201 0B020001") + picture + picture, "010"},
         {"without the bit nothing is meant", FromHex("17020200") + picture, "0"},
         {"a later one ends the earlier", FromHex("17020001") + picture + FromHex("17020000") + picture, "10"},
     };

@@ -7,9 +7,11 @@
 namespace tarnbridge {
 
 std::string FromHex(std::string_view hex) {
+    std::string digits(hex);
+    std::erase(digits, ' ');
     std::string bytes;
-    for (size_t i = 0; i + 1 < hex.size(); i += 2) {
-        bytes.push_back(static_cast<char>(std::stoi(std::string(hex.substr(i, 2)), nullptr, 16)));
+    for (size_t i = 0; i < digits.size(); i += 2) {
+        bytes.push_back(static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16)));
     }
     return bytes;
 }

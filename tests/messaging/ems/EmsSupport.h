@@ -22,6 +22,7 @@ struct EmsTestMessage : EmsMessage {
     explicit EmsTestMessage(uint8_t coding = 0) { EXPECT_EQ(EmsCreate(this, coding), EmsResult::Done); }
 };
 
+/// Bytes of hexadecimal digits, among which blanks are passed over.
 std::string FromHex(std::string_view hex);
 
 /// The segments as Generate writes them. A failure of the test when it doesn't.
