@@ -299,7 +299,8 @@ private:
         if (output_) ++output_->buffers[segment_][runCountAt_];
     }
 
-    /// Puts a block into as many elements as it needs, the first of which holds `least` octets or all.
+    /// Puts a block into as many elements as it needs, none of which is begun with room for less than `least`
+    /// octets or the rest.
     bool PutChunks(uint8_t number, const uint8_t* bytes, int size, int least) {
         while (size > 0) {
             const int room = plan_.MostHeaderOctets(plan_.capacity - textUnits_) - header_ - elementHead;
@@ -315,7 +316,6 @@ private:
             }
             bytes += chunk;
             size -= chunk;
-            least = 1;
         }
         return true;
     }

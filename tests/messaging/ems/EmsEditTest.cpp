@@ -131,6 +131,33 @@ TEST_F(EmsEdit, AsManyObjectsAsThereAreRecords) {
     EXPECT_EQ(message.totalLeft, 1530);
 }
 
+TEST_F(EmsEdit, RemovalsLeaveTheBytesOfOthersInPlace) {
+    // Two share their bytes with one another, and others lie in front of and behind these.
+    const std::string contents[] = {"front", "shared", "behind", "shared", "last"};
+    for (int removed = 0; removed < 5; ++removed) {
+        for (int second = 0; second < 4; ++second) {
+            EmsTestMessage message;
+            std::vector<std::string> expected(std::begin(contents), std::end(contents));
+            for (const std::string& content : contents) {
+                const EmsObjectData data = PlainData(content);
+                ASSERT_EQ(AddObject(&message, EmsKind::VCard, &data), EmsResult::Done);
+            }
+            for (const int place : {removed, second}) {
+                EmsResetCursor(&message);
+                MoveCursorForward(&message, place + 1);
+                Backspace(&message, 1);
+                expected.erase(expected.begin() + place);
+            }
+            std::vector<std::string> left;
+            for (const EmsObject* node = message.first; node; node = node->next) {
+                left.emplace_back(reinterpret_cast<const char*>(node->data.bytes), node->data.size);
+            }
+            EXPECT_EQ(left, expected) << removed << ", then " << second;
+            CheckConsistent(message);
+        }
+    }
+}
+
 TEST_F(EmsEdit, SwitchesOfCodingRewriteTheMarks) {
     EmsTestMessage message;
     const EmsTextFormat bold{.bold = 1};
@@ -164,6 +191,19 @@ TEST_F(EmsEdit, SwitchesOfCodingRewriteTheMarks) {
     ASSERT_EQ(EmsSetDcs(&message, 4), EmsResult::Done);
     EXPECT_EQ(EmsText(message), marked);
     EXPECT_EQ(message.dcsByte, 4);
+    CheckConsistent(message);
+}
+
+TEST_F(EmsEdit, AnObjectBehindAMarkComesBeforeTheCharacter) {
+    EmsTestMessage message;
+    const EmsTextFormat bold{.bold = 1};
+    AddText(&message, u"a");
+    AddText(&message, u"\x1B{", &bold);
+    MoveCursorBackward(&message, 1);
+    AddObject(&message, EmsKind::PredefinedSound, nullptr, 1);
+    ASSERT_EQ(EmsSetDcs(&message, 8), EmsResult::Done);
+    EXPECT_EQ(Units(message), "a[1]|{");
+    EXPECT_EQ(Formats(message), std::vector<std::string>{"2+2 13"});
     CheckConsistent(message);
 }
 

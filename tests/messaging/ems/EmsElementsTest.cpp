@@ -200,6 +200,14 @@ TEST_F(EmsElements, FlaggedObjectsStandBehindADistributionIndicator) {
                                                            {17, FromHex("01") + bytes},
                                                            {17, FromHex("02") + bytes}}));
 
+    // Header length, indicator and pictures are 75 octets or 86 septets.
+    EmsTestMessage full;
+    AddObject(&full, EmsKind::Picture, &data);
+    AddObject(&full, EmsKind::Picture, &data);
+    AddText(&full, std::u16string(74, u'x'));
+    EXPECT_EQ(full.segmentsUsed, 1);
+    EXPECT_EQ(full.lastSegmentLeft, 0);
+
     // A run that fits into one segment isn't divided: the text in front leaves room for its first object
     // only.
     EmsTestMessage divided;

@@ -111,6 +111,14 @@ TEST_F(EmsReader, WorkedExampleOfBoldText) {
     EXPECT_EQ(Formats(message), Lines{"30+36 10"});
 }
 
+TEST_F(EmsReader, FormatsThatTouchAreJoinedInAnyOrder) {
+    EmsTestMessage message;
+    ASSERT_EQ(
+        Read(message, true, {Header(FromHex("0A03040210 0A03000210 0A03020210 0A03060220")) + "abcdefgh"}, 0),
+        EmsResult::Done);
+    EXPECT_EQ(Formats(message), (Lines{"0+12 10", "12+4 20"}));
+}
+
 TEST_F(EmsReader, ElementsThatAreLeftOut) {
     struct Row {
         const char* fault;
@@ -221,6 +229,18 @@ TEST_F(EmsReader, ALostSegmentDropsTheObjectThatWentOn) {
     EXPECT_EQ(Parse(&read, true, 3, buffers, lengths, codings), EmsResult::InvalidExtendedObject);
     EXPECT_EQ(EmsText(read), u"(.....)text");
     EXPECT_EQ(Describe(read).size(), 1U) << "the sound";
+
+    // What begins behind the gap is whole.
+    const std::string card = FromHex("0B 1409 010002000900004142");
+    const uint8_t* const others[] = {at(0), nullptr, reinterpret_cast<const uint8_t*>(card.data())};
+    const int otherLengths[] = {lengths[0], 0, static_cast<int>(card.size())};
+    EXPECT_EQ(Parse(&read, true, 3, others, otherLengths, codings), EmsResult::InvalidExtendedObject);
+    ASSERT_EQ(Describe(read).size(), 1U);
+    EXPECT_EQ(read.first->data.size, 2);
+    const std::string unfinished = FromHex("1408 0100050009000041");
+    const std::string block = FromHex("160E 00000B 8A 14 010002000900004142");
+    EXPECT_EQ(Read(read, true, {Header(unfinished + block)}, 0), EmsResult::InvalidExtendedObject);
+    EXPECT_EQ(Describe(read).size(), 1U) << "a compressed block doesn't go on with another object";
 }
 
 TEST_F(EmsReader, MoreObjectsThanTheMessageHolds) {
