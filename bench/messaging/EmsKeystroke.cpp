@@ -4,8 +4,10 @@
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
@@ -14,11 +16,13 @@
 namespace {
 
 std::atomic<long> allocations = 0;
+std::atomic<size_t> allocatedBytes = 0;
 
 }  // namespace
 
 [[gnu::noinline]] void* operator new(size_t size) {
     ++allocations;
+    allocatedBytes += size;
     if (void* const block = std::malloc(size)) return block;
     throw std::bad_alloc();
 }
@@ -107,6 +111,34 @@ void TypeAmongUncompressedObjects(benchmark::State& state) {
     TypeAndTakeBack(state, message);
 }
 BENCHMARK(TypeAmongUncompressedObjects)->Arg(1)->Arg(4);
+
+/// All slots taken, with a text and a picture in each: what a message costs, and nothing before it is made.
+void TakeAllSlots(benchmark::State& state) {
+    EmsInit(uint8_t{0});
+    const std::string pixels(32, 'p');
+    EmsObjectData picture;
+    picture.bytes = reinterpret_cast<const uint8_t*>(pixels.data());
+    picture.size = static_cast<uint16_t>(pixels.size());
+    picture.width = picture.height = 16;
+    picture.depth = 1;
+    std::vector<std::unique_ptr<EmsMessage>> messages(emsSlots);
+    size_t bytes = 0;
+    for (auto _ : state) {
+        const size_t before = allocatedBytes;
+        for (auto& message : messages) {
+            message = std::make_unique<EmsMessage>();
+            EmsCreate(message.get(), 0);
+            AddText(message.get(), u"text");
+            AddObject(message.get(), EmsKind::Picture, &picture);
+        }
+        bytes = allocatedBytes - before;
+        for (auto& message : messages)
+            message.reset();
+    }
+    state.counters["bytes_per_message"] = static_cast<double>(bytes) / emsSlots;
+    state.SetItemsProcessed(state.iterations() * emsSlots);
+}
+BENCHMARK(TakeAllSlots);
 
 }  // namespace
 }  // namespace tarnbridge

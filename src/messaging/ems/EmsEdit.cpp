@@ -146,9 +146,7 @@ int DeleteUnits(EmsMessage* message, int count) {
     while (removed < count) {
         EmsObject* const object = ObjectBeforeCursor(*message);
         if (object && object->position == message->cursor) {
-            EmsObject* before = object->prev;
-            while (before && before->kind == EmsKind::TextFormat)
-                before = before->prev;
+            EmsObject* const before = ObjectUpTo(object->prev);
             RemoveObject(*message, object);
             SettleCursor(*message, before);
             ++removed;
@@ -198,9 +196,7 @@ int MoveCursorBackward(EmsMessage* message, int count) {
     for (; moved < count; ++moved) {
         EmsObject* const object = ObjectBeforeCursor(*message);
         if (object && object->position == message->cursor) {
-            EmsObject* before = object->prev;
-            while (before && before->kind == EmsKind::TextFormat)
-                before = before->prev;
+            EmsObject* const before = ObjectUpTo(object->prev);
             SettleCursor(*message, before);
         } else if (message->cursor > 0) {
             message->cursor = static_cast<uint16_t>(message->cursor - 2);

@@ -188,11 +188,14 @@ bool GiveReference(EmsMessage& message, EmsObject& node) {
     return false;
 }
 
-EmsObject* ObjectBeforeCursor(const EmsMessage& message) {
-    EmsObject* node = message.current;
+EmsObject* ObjectUpTo(EmsObject* node) {
     while (node && node->kind == EmsKind::TextFormat)
         node = node->prev;
     return node;
+}
+
+EmsObject* ObjectBeforeCursor(const EmsMessage& message) {
+    return ObjectUpTo(message.current);
 }
 
 void SortObjects(EmsMessage& message) {

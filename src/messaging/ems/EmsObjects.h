@@ -60,6 +60,9 @@ EmsObject* FindReference(EmsMessage& message, uint8_t reference);
 /// Gives the node the next reference number. False when 254 extended objects have one each.
 bool GiveReference(EmsMessage& message, EmsObject& node);
 
+/// The node, or else the nearest in front of it, that isn't a format; or null.
+EmsObject* ObjectUpTo(EmsObject* node);
+
 /// The last object before the cursor that isn't a format, or null.
 EmsObject* ObjectBeforeCursor(const EmsMessage& message);
 
