@@ -50,15 +50,17 @@ EmsResult EmsSetDcs(EmsMessage* message, uint8_t dcs);
 /// Allows 1 to 10 segments. NoRoom, with nothing changed, when the content needs more of them.
 EmsResult EmsAllowSegments(EmsMessage* message, int segments);
 
-/// Puts the application port element (16-bit) into every segment, or takes it out.
+/// Puts the application port element (16-bit) into every segment, or takes it out. NoRoom, with nothing
+/// changed, when the content doesn't fit beside it. Objects that are added later may become extended for it.
 EmsResult EmsSetPorts(EmsMessage* message, bool present, uint16_t sourcePort, uint16_t destPort);
 
-/// Whether extended objects may go out as one compressed block, which they do when it is shorter.
+/// Whether extended objects may go out as one compressed block, which they do when it is shorter. NoRoom,
+/// with nothing changed, when the content doesn't fit without it.
 EmsResult EmsSetCompression(EmsMessage* message, bool on);
 
-/// Inserts `count` characters of UCS2 big-endian text at the cursor, which moves behind them. With a format
-/// the text takes that format; without one it becomes part of a format that it is put into. The message stays
-/// as it was unless the result is Done.
+/// Inserts `count` characters of UCS2 big-endian text, which isn't the message's own, at the cursor, which
+/// moves behind them. With a format the text takes that format; without one it becomes part of a format that
+/// it is put into. The message stays as it was unless the result is Done.
 EmsResult AddText(EmsMessage* message, const uint8_t* text, int count, const EmsTextFormat* format = nullptr);
 EmsResult AddText(EmsMessage* message, std::u16string_view text, const EmsTextFormat* format = nullptr);
 

@@ -68,6 +68,16 @@ EmsObject* ObjectAtCursor(const EmsMessage& message) {
     return isThere ? next : nullptr;
 }
 
+/// Of two objects with one content the first in the list carries it: a reader must have met the content
+/// before a reference to it.
+void LetTheFirstCarry(const EmsMessage& message, EmsObject& added, EmsObject& earlier) {
+    const EmsObject* first = message.first;
+    while (first != &added && first != &earlier)
+        first = first->next;
+    earlier.isReused = first == &added ? 1 : 0;
+    added.isReused = first == &added ? 0 : 1;
+}
+
 }  // namespace
 
 EmsResult AddText(EmsMessage* message, const uint8_t* text, int count, const EmsTextFormat* format) {
@@ -121,15 +131,7 @@ EmsResult AddObject(EmsMessage* message, EmsKind kind, const EmsObjectData* data
         return EmsResult::NoMemory;
     }
     LinkAfter(*message, node, message->current);
-    if (equal) {
-        // The first of them in the list carries the data: a reader must have met it before the reference to
-        // it.
-        EmsObject* firstOfThem = message->first;
-        while (firstOfThem != node && firstOfThem != equal)
-            firstOfThem = firstOfThem->next;
-        equal->isReused = firstOfThem == node ? 1 : 0;
-        node->isReused = firstOfThem == node ? 0 : 1;
-    }
+    if (equal) LetTheFirstCarry(*message, *node, *equal);
     message->current = node;
     const EmsResult result = LayOut(*message);
     if (result != EmsResult::Done) {
