@@ -1,0 +1,61 @@
+// Decode and encode of a 160-character DELIVER, beside a copy of the same hexadecimal text.
+
+#include <benchmark/benchmark.h>
+
+#include "messaging/SmsRecord.h"
+
+namespace tarnbridge {
+namespace {
+
+std::string LongestDeliver() {
+    SmsRecord record;
+    record.serviceCentre = SmsAddress("+886935074443", SmsAddress::international);
+    record.address = SmsAddress("+886912345678", SmsAddress::international);
+    record.timestamp = {480, 7, 7, 14, 15, 20, 1, 1};
+    for (int i = 0; i < 160; ++i)
+        record.text8.push_back(static_cast<char>('A' + i % 26));
+    std::string hex;
+    record.encodeDeliver(hex);
+    return hex;
+}
+
+void CopyPdu(benchmark::State& state) {
+    const std::string hex = LongestDeliver();
+    for (auto _ : state) {
+        std::string copy = hex;
+        benchmark::DoNotOptimize(copy.data());
+        benchmark::ClobberMemory();
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(CopyPdu);
+
+/// A new record each time, as the reading of a whole memory makes them.
+void DecodePdu(benchmark::State& state) {
+    const std::string hex = LongestDeliver();
+    for (auto _ : state) {
+        SmsRecord record;
+        if (!record.decode(hex)) state.SkipWithError("refused");
+        benchmark::DoNotOptimize(record.text8.data());
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(DecodePdu);
+
+void EncodePdu(benchmark::State& state) {
+    SmsRecord record;
+    record.decode(LongestDeliver());
+    record.rawParts.clear();
+    std::string hex;
+    for (auto _ : state) {
+        record.encodeDeliver(hex);
+        benchmark::DoNotOptimize(hex.data());
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(EncodePdu);
+
+}  // namespace
+}  // namespace tarnbridge
+
+BENCHMARK_MAIN();

@@ -1,0 +1,262 @@
+// The PDU operations of SmsRecord (3GPP TS 23.040, 9.2.2.1 and 9.2.2.2).
+
+#include <algorithm>
+#include <array>
+
+#include "messaging/GsmAlphabet.h"
+#include "messaging/PduBuffer.h"
+#include "messaging/ReferenceCounters.h"
+#include "messaging/SmsRecord.h"
+
+namespace tarnbridge {
+namespace {
+
+constexpr int enhancedValidity = 1;
+
+constexpr std::array<int8_t, 256> MakeHexValues() {
+    std::array<int8_t, 256> values{};
+    values.fill(-1);
+    for (int i = 0; i < 10; ++i)
+        values['0' + i] = static_cast<int8_t>(i);
+    for (int i = 0; i < 6; ++i)
+        values['A' + i] = static_cast<int8_t>(10 + i);
+    return values;
+}
+
+constexpr std::array<int8_t, 256> hexValues = MakeHexValues();
+
+/// Octets of hexadecimal digits, at most as many as a PduBuffer holds. A last digit alone is a high half, and
+/// no digits at all are one octet of zero. -1 on another character.
+int HexToOctets(std::string_view hex, std::array<uint8_t, PduBuffer::capacity>& octets) {
+    for (size_t i = 0; i < hex.size(); ++i) {
+        const int value = hexValues[static_cast<uint8_t>(hex[i])];
+        if (value < 0) return -1;
+        if (i / 2 >= octets.size()) continue;
+        uint8_t& octet = octets[i / 2];
+        octet = static_cast<uint8_t>(i % 2 == 0 ? value << 4 : octet | value);
+    }
+    return static_cast<int>(std::clamp<size_t>((hex.size() + 1) / 2, 1, octets.size()));
+}
+
+/// The septets that a header of `length` octets takes, its length octet and the fill bits with it.
+int HeaderSeptets(int length) {
+    return (length * 8 + 14) / 7;
+}
+
+std::string ToNetworkOrder(std::u16string_view text) {
+    std::string octets;
+    octets.reserve(text.size() * 2);
+    for (const char16_t unit : text) {
+        octets.push_back(static_cast<char>(unit >> 8));
+        octets.push_back(static_cast<char>(unit & 0xFF));
+    }
+    return octets;
+}
+
+/// Units up to the first zero; an odd last octet is the high half of its unit.
+void FromNetworkOrder(std::string_view octets, std::u16string& text) {
+    for (size_t i = 0; i < octets.size(); i += 2) {
+        const auto high = static_cast<uint8_t>(octets[i]);
+        const auto low = static_cast<uint8_t>(i + 1 < octets.size() ? octets[i + 1] : 0);
+        const auto unit = static_cast<char16_t>(high << 8 | low);
+        if (unit == 0) return;
+        text.push_back(unit);
+    }
+}
+
+}  // namespace
+
+int CodingOf(uint8_t dcsOctet) {
+    switch (dcsOctet >> 4) {
+        case 0xE:
+            return 8;
+        case 0xF:
+            return dcsOctet & 4;
+        default:
+            break;
+    }
+    if (dcsOctet >= 0x80) return 0;
+    const int coding = dcsOctet & 0x0C;
+    return coding == 0x0C ? 0 : coding;
+}
+
+SmsRecord::Payload SmsRecord::TakePayload(const CodePage& page) {
+    if (rawParts.size() == 1) {
+        std::string_view part = rawParts.front();
+        // A record that was read and not yet edited has no EmsMessage; what was received then decides.
+        const bool withHeader = emsMessage ? emsMessage.HasHeader() : hasHeader != 0;
+        if (!withHeader || part.empty()) return {{}, std::string(part)};
+        const size_t length = std::min<size_t>(static_cast<uint8_t>(part.front()), part.size() - 1);
+        userDataHeader = part.substr(1, length);
+        return {userDataHeader, std::string(part.substr(1 + length))};
+    }
+    const std::string_view header = std::string_view(userDataHeader).substr(0, 255);
+    if (dcs != 8) return {header, text8};
+    if (!text16.empty()) return {header, ToNetworkOrder(text16)};
+    return {header, ToNetworkOrder(page.ToText(text8).substr(0, 256))};
+}
+
+void SmsRecord::WriteUserData(PduBuffer& buffer, const Payload& payload) const {
+    const bool septets = IsSeptetCoding(dcs);
+    const int headerLength = static_cast<int>(payload.header.size());
+    int length = static_cast<int>(payload.body.size());
+    if (headerLength != 0) length += septets ? HeaderSeptets(headerLength) : headerLength + 1;
+    buffer.putOctet(static_cast<uint8_t>(length));
+    buffer.markUserData();
+    if (headerLength != 0) {
+        buffer.putOctet(static_cast<uint8_t>(headerLength));
+        buffer.putOctets(payload.header);
+    }
+    if (septets)
+        buffer.putSeptets(ToGsmAlphabet(payload.body));
+    else
+        buffer.putOctets(payload.body);
+}
+
+void SmsRecord::encodeSubmit(std::string& hexText, const CodePage& page) {
+    const Payload payload = TakePayload(page);
+    messageReference = ReferenceCounters::OfProcess().TakeMessageReference();
+    messageType = submit;
+    serviceCentre = {};
+    statusReport = 0;
+    replyPath = 0;
+    if (validityFormat != relativeValidity && validityFormat != absoluteValidity) validityFormat = 0;
+    if (!payload.header.empty()) hasHeader = 1;
+
+    PduBuffer buffer;
+    WriteServiceCentre(buffer, serviceCentre);
+    buffer.putBits(submit, 2);
+    buffer.putBit(rejectDuplicates != 0);
+    buffer.putBits(static_cast<unsigned>(validityFormat), 2);
+    buffer.putBit(false);
+    buffer.putBit(!payload.header.empty());
+    // The receiver's number is one ahead of the record's.
+    buffer.putOctet(static_cast<uint8_t>(messageReference + 1));
+    WriteAddress(buffer, address);
+    buffer.putOctet(protocolId);
+    buffer.putOctet(static_cast<uint8_t>(dcs));
+    if (validityFormat == absoluteValidity)
+        validityTime.Write(buffer);
+    else if (validityFormat == relativeValidity)
+        buffer.putOctet(static_cast<uint8_t>(validityRelative));
+    WriteUserData(buffer, payload);
+    hexText = buffer.toHex();
+}
+
+void SmsRecord::encodeDeliver(std::string& hexText, const CodePage& page) {
+    const Payload payload = TakePayload(page);
+    PduBuffer buffer;
+    WriteServiceCentre(buffer, serviceCentre);
+    buffer.putBits(static_cast<unsigned>(messageType), 2);
+    buffer.putBit(moreMessages != 0);
+    buffer.putBits(0, 2);
+    buffer.putBit(statusReport != 0);
+    if (!payload.header.empty()) {
+        hasHeader = 1;
+        buffer.putBit(true);
+    }
+    buffer.putBit(replyPath != 0);
+    WriteAddress(buffer, address);
+    buffer.putOctet(protocolId);
+    buffer.putOctet(static_cast<uint8_t>(dcs));
+    timestamp.Write(buffer);
+    WriteUserData(buffer, payload);
+    hexText = buffer.toHex();
+}
+
+int SmsRecord::serviceCentreLength() const {
+    PduBuffer buffer;
+    WriteServiceCentre(buffer, serviceCentre);
+    return buffer.octetCount();
+}
+
+bool SmsRecord::decode(std::string_view hexText) {
+    SystemClock clock;
+    bool truncated = false;
+    return decode(hexText, clock, truncated);
+}
+
+bool SmsRecord::decode(std::string_view hexText, Clock& clock, bool& truncated) {
+    truncated = false;
+    std::array<uint8_t, PduBuffer::capacity> octets{};
+    const int count = HexToOctets(hexText, octets);
+    if (count < 0) return false;
+    PduBuffer buffer({octets.data(), static_cast<size_t>(count)});
+
+    SmsAddress centre = ReadServiceCentre(buffer);
+    buffer.align();
+    messageType = static_cast<int>(buffer.getBits(2));
+    if (messageType != deliver && messageType != submit) return false;
+    text8.clear();
+    text16.clear();
+    userDataHeader.clear();
+    serviceCentre = std::move(centre);
+
+    if (messageType == deliver) {
+        moreMessages = static_cast<uint8_t>(buffer.getBits(1));
+        buffer.getBits(2);
+    } else {
+        rejectDuplicates = static_cast<uint8_t>(buffer.getBits(1));
+        validityFormat = static_cast<int>(buffer.getBits(2));
+    }
+    statusReport = static_cast<uint8_t>(buffer.getBits(1));
+    hasHeader = static_cast<uint8_t>(buffer.getBits(1));
+    replyPath = static_cast<uint8_t>(buffer.getBits(1));
+    if (messageType == submit) messageReference = buffer.getOctet();
+    address = ReadAddress(buffer);
+    protocolId = buffer.getOctet();
+    dcs = CodingOf(buffer.getOctet());
+    if (messageType == deliver) {
+        timestamp = SmsTimestamp::Read(buffer);
+    } else {
+        timestamp = SmsTimestamp::FromLocal(clock.Local());
+        validityTime = timestamp;
+        std::array<char, 7> enhanced{};  // the format 1, which a record doesn't keep
+        if (validityFormat == absoluteValidity)
+            validityTime = SmsTimestamp::Read(buffer);
+        else if (validityFormat == relativeValidity)
+            validityRelative = buffer.getOctet();
+        else if (validityFormat == enhancedValidity)
+            buffer.getOctets(enhanced);
+    }
+    ReadUserData(buffer);
+    truncated = buffer.overrun();
+    return true;
+}
+
+void SmsRecord::ReadUserData(PduBuffer& buffer) {
+    const int length = buffer.getOctet();
+    buffer.markUserData();
+    int count = length;
+    if (hasHeader) {
+        userDataHeader.resize(buffer.getOctet());
+        buffer.getOctets(userDataHeader);
+        const int headerLength = static_cast<int>(userDataHeader.size());
+        count -= dcs == 0 ? HeaderSeptets(headerLength) : headerLength + 1;
+        if (count < 0) count = length;
+    }
+
+    std::string area;
+    if (dcs == 0) {
+        area = FromGsmAlphabet(buffer.getSeptets(count));
+        text8 = area;
+    } else {
+        area.resize(count);
+        buffer.getOctets(area);
+        if (dcs == 8)
+            FromNetworkOrder(area, text16);
+        else
+            text8 = FromGsmAlphabet(std::string_view(area).substr(0, area.find('\0')));
+    }
+
+    rawParts.resize(1);
+    std::string& part = rawParts.front();
+    part.clear();
+    if (hasHeader) {
+        part.push_back(static_cast<char>(userDataHeader.size()));
+        part += userDataHeader;
+    }
+    part += area;
+}
+
+}  // namespace tarnbridge
