@@ -90,16 +90,16 @@ std::string ToGsmAlphabet(std::string_view local) {
 
 std::string FromGsmAlphabet(std::string_view gsm) {
     std::string local(gsm);
+    for (char& c : local)
+        c = readingMap[static_cast<uint8_t>(c)];
     bool escaped = false;
-    for (char& c : local) {
-        const char code = c;
-        c = readingMap[static_cast<uint8_t>(code)];
-        if (code == gsmEscape) {
+    for (size_t i = gsm.find(gsmEscape); i < gsm.size(); ++i) {
+        if (gsm[i] == gsmEscape) {
             escaped = true;
         } else if (escaped) {
             for (const ExtensionPair& pair : extensionPairs) {
-                if (pair.gsm != code) continue;
-                c = pair.local;
+                if (pair.gsm != gsm[i]) continue;
+                local[i] = pair.local;
                 escaped = false;
                 break;
             }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/Text.h"
-
 namespace tarnbridge {
 namespace {
 
@@ -16,6 +14,25 @@ uint8_t DigitValue(char digit) {
 char DigitOf(uint8_t value) {
     static constexpr char digits[] = "0123456789*#pw+?";
     return digits[value & 15];
+}
+
+/// Eight octets, the first one lowest; written out, it compiles to one load.
+uint64_t LoadEight(const uint8_t* octets) {
+    const auto at = [octets](int i) { return static_cast<uint64_t>(octets[i]) << (8 * i); };
+    return at(0) | at(1) | at(2) | at(3) | at(4) | at(5) | at(6) | at(7);
+}
+
+/// The eight septets of the low 56 bits, a byte each.
+void StoreSeptets(uint64_t septets, char* out) {
+    const auto at = [septets](int i) { return static_cast<char>(septets >> (7 * i) & 0x7F); };
+    out[0] = at(0);
+    out[1] = at(1);
+    out[2] = at(2);
+    out[3] = at(3);
+    out[4] = at(4);
+    out[5] = at(5);
+    out[6] = at(6);
+    out[7] = at(7);
 }
 
 }  // namespace
@@ -48,13 +65,15 @@ bool PduBuffer::getBit() {
 
 unsigned PduBuffer::getBits(int count) {
     unsigned value = 0;
-    for (int i = 0; i < count; ++i) {
+    for (int taken = 0; taken < count;) {
         if (cursor_ >= end_) {
             overrun_ = true;
             break;
         }
-        value |= static_cast<unsigned>(bytes_[cursor_] >> bitOffset_ & 1) << i;
-        SetBitPosition(BitPosition() + 1);
+        const int here = std::min(8 - bitOffset_, count - taken);
+        value |= (bytes_[cursor_] >> bitOffset_ & ((1u << here) - 1)) << taken;
+        taken += here;
+        SetBitPosition(BitPosition() + here);
     }
     return value;
 }
@@ -103,14 +122,19 @@ void PduBuffer::alignToSeptet() {
 
 void PduBuffer::putSeptets(std::string_view text) {
     alignToSeptet();
-    for (const char c : text) {
-        const int position = BitPosition();
-        if (position >= end_ * 8) break;
-        const unsigned septet = (static_cast<uint8_t>(c) & 0x7Fu) << bitOffset_;
-        bytes_[cursor_] = static_cast<uint8_t>(bytes_[cursor_] | septet);
-        if (septet > 0xFF && cursor_ + 1 < end_) bytes_[cursor_ + 1] = static_cast<uint8_t>(septet >> 8);
-        SetBitPosition(position + 7);
+    if (cursor_ >= end_) return;
+    unsigned window = bytes_[cursor_];
+    int filled = bitOffset_;
+    for (size_t i = 0; i < text.size() && cursor_ < end_; ++i) {
+        window |= (static_cast<uint8_t>(text[i]) & 0x7Fu) << filled;
+        filled += 7;
+        if (filled < 8) continue;
+        bytes_[cursor_++] = static_cast<uint8_t>(window);
+        window >>= 8;
+        filled -= 8;
     }
+    if (cursor_ < end_) bytes_[cursor_] = static_cast<uint8_t>(window);
+    SetBitPosition(cursor_ * 8 + filled);
 }
 
 std::string PduBuffer::getSeptets(int count) {
@@ -123,12 +147,7 @@ std::string PduBuffer::getSeptets(int count) {
     // Eight septets fill seven octets: as long as eight octets and a shift are there they are taken at once.
     for (; i + 8 <= count && (start + i * 7) / 8 + 8 <= end_; i += 8) {
         const int position = start + i * 7;
-        uint64_t window = 0;
-        for (int k = 0; k < 8; ++k)
-            window |= static_cast<uint64_t>(bytes_[position / 8 + k]) << (8 * k);
-        window >>= position % 8;
-        for (int k = 0; k < 8; ++k)
-            septets[i + k] = static_cast<char>(window >> (7 * k) & 0x7F);
+        StoreSeptets(LoadEight(bytes_.data() + position / 8) >> position % 8, septets.data() + i);
     }
     for (; i < count; ++i) {
         const int position = start + i * 7;
@@ -188,7 +207,14 @@ int PduBuffer::getZone(bool& positive) {
 
 std::string PduBuffer::toHex() {
     align();
-    return BytesToHex({reinterpret_cast<const char*>(bytes_.data()), static_cast<size_t>(cursor_)});
+    static constexpr char digits[] = "0123456789ABCDEF";
+    std::string hex(cursor_ * 2, '0');
+    char* next = hex.data();
+    for (int i = 0; i < cursor_; ++i) {
+        *next++ = digits[bytes_[i] >> 4];
+        *next++ = digits[bytes_[i] & 15];
+    }
+    return hex;
 }
 
 int PduBuffer::octetCount() {

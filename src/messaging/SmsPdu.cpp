@@ -28,13 +28,22 @@ constexpr std::array<int8_t, 256> hexValues = MakeHexValues();
 /// Octets of hexadecimal digits, at most as many as a PduBuffer holds. A last digit alone is a high half, and
 /// no digits at all are one octet of zero. -1 on another character.
 int HexToOctets(std::string_view hex, std::array<uint8_t, PduBuffer::capacity>& octets) {
-    for (size_t i = 0; i < hex.size(); ++i) {
-        const int value = hexValues[static_cast<uint8_t>(hex[i])];
-        if (value < 0) return -1;
-        if (i / 2 >= octets.size()) continue;
-        uint8_t& octet = octets[i / 2];
-        octet = static_cast<uint8_t>(i % 2 == 0 ? value << 4 : octet | value);
+    int worst = 0;  // negative as soon as one value is
+    const auto valueAt = [&](size_t place) {
+        const int value = hexValues[static_cast<uint8_t>(hex[place])];
+        worst |= value;
+        return value;
+    };
+    const size_t pairs = std::min(hex.size() / 2, octets.size());
+    for (size_t i = 0; i < pairs; ++i) {
+        const int high = valueAt(i * 2);
+        octets[i] = static_cast<uint8_t>(high << 4 | valueAt(i * 2 + 1));
     }
+    for (size_t place = pairs * 2; place < hex.size(); ++place) {
+        const int high = valueAt(place);
+        if (pairs < octets.size()) octets[pairs] = static_cast<uint8_t>(high << 4);
+    }
+    if (worst < 0) return -1;
     return static_cast<int>(std::clamp<size_t>((hex.size() + 1) / 2, 1, octets.size()));
 }
 
