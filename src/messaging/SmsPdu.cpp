@@ -229,7 +229,8 @@ bool SmsRecord::decode(std::string_view hexText, Clock& clock, bool& truncated) 
             buffer.getOctets(enhanced);
     }
     ReadUserData(buffer);
-    truncated = buffer.overrun();
+    // A digit alone at the end is half of an octet that was read, or wasn't needed.
+    truncated = buffer.overrun() || buffer.octetCount() > static_cast<int>(hexText.size() / 2);
     return true;
 }
 

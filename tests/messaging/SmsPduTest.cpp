@@ -122,6 +122,10 @@ TEST(SmsPdu, ReadsADeliver) {
     EXPECT_EQ(record.moreMessages, 1);
     EXPECT_EQ(record.serviceCentreLength(), 8);
     EXPECT_EQ(AsDeliver(record), plainDeliver);
+
+    bool truncated = true;
+    Decoded(std::string(plainDeliver) + "0", &truncated);
+    EXPECT_FALSE(truncated) << "half an octet more than needed";
 }
 
 TEST(SmsPdu, ReadsASubmit) {
@@ -323,7 +327,7 @@ TEST(SmsPdu, EveryPrefixAndEveryFlippedOctetIsReadOrRefused) {
             SmsRecord record;
             bool truncated = false;
             EXPECT_TRUE(record.decode(hex.substr(0, length), clock, truncated)) << length;
-            EXPECT_TRUE(truncated || length % 2 == 1) << length;
+            EXPECT_TRUE(truncated) << length;
             EXPECT_EQ(record.rawParts.size(), 1u);
             std::string written;
             record.encodeDeliver(written);
