@@ -18,7 +18,7 @@ public:
 
     void Advance(Milliseconds duration);
 
-    /// Blocks until this many threads stand in a wait with a time-out.
+    /// Blocks until this many threads stand in a wait whose time-out hasn't been reached.
     void AwaitWaiters(size_t count);
 
     LocalTime local{2007, 3, 14, 15, 9, 26, 60};
@@ -27,7 +27,12 @@ private:
     std::mutex mutex_;
     std::condition_variable waitersChanged_;
     Milliseconds now_{0};
-    std::vector<Event*> waiters_;
+    struct Waiter {
+        Milliseconds deadline;
+        Event advanced{ResetMode::Automatic};
+    };
+
+    std::vector<Waiter*> waiters_;
 };
 
 /// The system's clock with every Sleep left out, for dialogues whose pauses are long and whose answers are

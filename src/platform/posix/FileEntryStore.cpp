@@ -11,7 +11,6 @@
 #include "platform/ProgramFolder.h"
 #include "platform/Text.h"
 
-
 namespace tarnbridge {
 namespace {
 

@@ -10,8 +10,9 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/pidfd.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include "platform/Files.h"
 #include "platform/posix/FileDescriptor.h"
@@ -116,7 +117,7 @@ struct ProcessAccess {
         posix_spawnattr_destroy(&attributes);
         posix_spawn_file_actions_destroy(&actions);
         if (errno != 0) return LastSystemFailure("start", program);
-        FileDescriptor descriptor(::pidfd_open(id, 0));
+        FileDescriptor descriptor(static_cast<int>(::syscall(SYS_pidfd_open, id, 0)));
         return Process(std::make_unique<Process::System>(id, std::move(descriptor)));
     }
 };

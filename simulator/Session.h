@@ -1,0 +1,29 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "simulator/HandsetContent.h"
+
+namespace tarnbridge::simulator {
+
+/// What the handset remembers for one connection, with the values that it has when it is plugged in.
+struct Session {
+    /// As after a new plug or ATZ. The counts of the session before go on.
+    static Session Begin(const HandsetContent& content, const Features& features, const Session& before);
+
+    bool echo = true;
+    int errorForm = 1;  ///< of AT+CMEE: 0 a bare ERROR, 1 a number, 2 words
+    std::string charset = "IRA";
+    std::array<std::string, 3> memories{"SM", "SM", "SM"};  ///< to read, to write, for what arrives
+    std::string storage = "SM";                             ///< of the phonebook
+    int channelMode = 4;
+    int messageService = 0;
+    std::array<int, 5> indications{0, 0, 0, 0, 0};  ///< of AT+CNMI
+    int registrationReports = 0;
+    int operatorFormat = 0;
+    unsigned messageReference = 0;
+    unsigned changes = 0;  ///< how often the content was changed
+};
+
+}  // namespace tarnbridge::simulator

@@ -1,0 +1,146 @@
+#include "link/ATChannel.h"
+
+#include <utility>
+
+#include "link/SerialPort.h"
+
+namespace tarnbridge {
+namespace {
+
+Milliseconds WaitTime(Milliseconds timeout) {
+    return timeout == Milliseconds::zero() ? forever : timeout;
+}
+
+}  // namespace
+
+ATChannel::ATChannel(Clock& clock, SerialDeviceFactory makeDevice)
+    : clock_(clock), makeDevice_(std::move(makeDevice)) {}
+
+ATChannel::~ATChannel() {
+    Close();
+}
+
+std::shared_ptr<LinkPort> ATChannel::Port() const {
+    const std::lock_guard guard(portMutex_);
+    return port_;
+}
+
+bool ATChannel::Open(const std::string& portName, uint32_t baudRate, FlowControl flowControl,
+                     UrcCallback urcCallback, LinkKind& linkKind) {
+    if (IsOpen()) return false;
+    auto port = std::make_shared<SerialPort>(clock_, makeDevice_());
+    port->Configure(portName, baudRate, flowControl);
+    port->SetUrcCallback(std::move(urcCallback));
+    if (!port->Open(linkKind)) {
+        openFailure_ = port->OpenFailure();
+        return false;
+    }
+    const std::lock_guard guard(portMutex_);
+    port_ = std::move(port);
+    return true;
+}
+
+bool ATChannel::Close() {
+    std::shared_ptr<LinkPort> port;
+    {
+        const std::lock_guard guard(portMutex_);
+        port.swap(port_);
+    }
+    if (port) {
+        // A late result that nobody waits for would hold the read thread.
+        port->ResultTakenEvent().Set();
+        port->Close();
+    }
+    return true;
+}
+
+void ATChannel::SetLineFilter(LineFilter filter) {
+    if (const auto port = Port()) port->SetLineFilter(std::move(filter));
+}
+
+void ATChannel::Cancel() {
+    const auto port = Port();
+    if (!port) return;
+    port->CancelEvent().Set();
+    port->AbortEvent().Set();
+}
+
+bool ATChannel::SendRaw(std::string_view bytes) {
+    const auto port = Port();
+    if (!port) return false;
+    if (port->Write(bytes)) return true;
+    Cancel();
+    return false;
+}
+
+/// Result ready and the prompt are reset after the flush, when the read thread has nothing left of the last
+/// command, so that a late reply is never taken for the answer to this one.
+void ATChannel::Begin(LinkPort& port, std::string_view text, bool awaitPrompt, bool pduFollows,
+                      ATResult& result) {
+    result.lines.clear();
+    port.FlushDoneEvent().Reset();
+    // A two-stage command that failed leaves its command active, and late results for it hold the read
+    // thread. That thread may have asked for the last time already, so it is let through once; the flush
+    // resets the event.
+    port.CommandActiveEvent().Reset();
+    port.ResultTakenEvent().Set();
+    port.Flush();
+    port.ResultReadyEvent().Reset();
+    port.PromptEvent().Reset();
+    port.CommandActiveEvent().Set();
+    port.SetAwaitPrompt(awaitPrompt);
+    port.SetExpectedPrefix(result.prefix);
+    port.SetExpectPduLine(pduFollows);
+    port.SetLastCommand(text);
+}
+
+void ATChannel::TakeResult(LinkPort& port, ATResult& result) {
+    port.FetchResult(result);
+    port.CommandActiveEvent().Reset();
+    port.ResultReadyEvent().Reset();
+    port.ResultTakenEvent().Set();
+}
+
+bool ATChannel::Exec(std::string_view text, Milliseconds timeout, bool pduFollows, ATResult& result) {
+    const auto port = Port();
+    if (!port) return false;
+    Begin(*port, text, false, pduFollows, result);
+    const auto giveUp = [&](ATResult::Status status) {
+        result.status = status;
+        port->CommandActiveEvent().Reset();
+        port->ResultTakenEvent().Set();
+        port->CancelEvent().Set();
+        return false;
+    };
+    if (!port->Write(text)) return giveUp(ATResult::NotSent);
+    if (!clock_.Wait(port->ResultReadyEvent(), WaitTime(timeout))) return giveUp(ATResult::NoResult);
+    TakeResult(*port, result);
+    return !result.lines.empty() && !result.lines.back().empty();
+}
+
+bool ATChannel::ExecTwoStage(std::string_view text, std::string_view body, Milliseconds timeout,
+                             bool pduFollows, ATResult& result) {
+    const auto port = Port();
+    if (!port) return false;
+    Begin(*port, text, true, pduFollows, result);
+    // Unlike Exec this leaves the command active and cancels nothing; the next exchange begins with a flush.
+    const auto giveUp = [&](ATResult::Status status) {
+        result.status = status;
+        port->ResultTakenEvent().Set();
+        return false;
+    };
+    if (!port->Write(text)) {
+        port->SetAwaitPrompt(false);
+        return giveUp(ATResult::NotSent);
+    }
+    if (!clock_.Wait(port->PromptEvent(), WaitTime(timeout))) return giveUp(ATResult::NoResult);
+    if (!port->Write(body)) {
+        port->SetAwaitPrompt(false);
+        return giveUp(ATResult::NotSent);
+    }
+    if (!clock_.Wait(port->ResultReadyEvent(), WaitTime(timeout))) return giveUp(ATResult::NoResult);
+    TakeResult(*port, result);
+    return true;
+}
+
+}  // namespace tarnbridge

@@ -1,0 +1,165 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "link/ATChannel.h"
+#include "link/ATResult.h"
+#include "link/SessionState.h"
+#include "link/StallWatch.h"
+
+namespace tarnbridge {
+
+/// The one door to the handset: it carries out exchanges under one lock, and makes and ends the session.
+/// Features are functions over a HandsetLink&, in folders of their own.
+///
+/// Every operation may be called from any thread; it blocks for the whole exchange and shows nothing. All
+/// command texts end with their own CR, which the caller supplies. A time-out of 0 waits without limit.
+///
+/// A session is made by the first operation that needs one (EnsureSession) and stands until a Ping fails or
+/// Disconnect is called. In it the handset stands in PDU mode, without echo, awake, in the character set
+/// "UCS2".
+class HandsetLink {
+public:
+    /// Time-out of ordinary commands. Operations read it and pass it on. Set it before the link is used.
+    uint32_t commandTimeout = 5000;  // milliseconds
+
+    /// `clock` must outlive the link.
+    HandsetLink(Clock& clock, SerialDeviceFactory makeDevice);
+    HandsetLink(const HandsetLink&) = delete;
+    HandsetLink& operator=(const HandsetLink&) = delete;
+    ~HandsetLink();
+
+    /// Opens the port; no traffic. False if a port is open already or this one can't be opened.
+    /// \param portName  `\\.\COM%d`, or a path of the system
+    bool Connect(const std::string& portName, LinkKind& linkKind, uint32_t baudRate = 115200,
+                 FlowControl flowControl = FlowControl::None);
+
+    /// Why Connect failed.
+    SerialOpenFailure OpenFailure();
+
+    /// Hands the handset back, with echo on and, if `allowSleep`, with sleep allowed, and closes the port.
+    /// Without a session nothing is sent.
+    void Disconnect(bool allowSleep);
+
+    /// Whether a session stands or could be made now. With a dead handset this takes a few seconds at most.
+    bool EnsureSession();
+
+    /// Whether the handset answers. If it doesn't, the session is over.
+    bool Ping();
+
+    bool IsPortOpen() const { return portOpen; }
+    bool IsSessionReady() const { return sessionReady; }
+
+    /// What the handshake learnt. A copy, since another thread may run the next handshake.
+    HandsetFeatures Features();
+
+    // The exchanges.
+
+    /// Ensures the session and sends a command of at most 4,096 bytes. True when some final result came, an
+    /// error among them; which one it was is the caller's to check.
+    bool ExecCommand(std::string_view text, uint32_t timeoutMs, bool pduFollows, ATResult& result);
+
+    /// Puts the channel mode to normal and sends a command. True when the final result is "OK".
+    bool ExecCheckOk(std::string_view text, uint32_t timeoutMs, ATResult& result, bool ensureSession);
+
+    /// The same with a result of its own that awaits `prefix`, null for none.
+    bool ExecExpect(std::string_view text, uint32_t timeoutMs, const char* prefix, bool ensureSession);
+
+    /// Ensures the session, puts the channel mode to normal, sends the command, and after the prompt the
+    /// body. True when the final result is "OK". After an error of the handset `result.ErrorNumber()` gives
+    /// its number.
+    bool ExecTwoStage(std::string_view text, std::string_view body, uint32_t timeoutSeconds,
+                      ATResult& result);
+
+    /// Ensures the session, puts the channel mode to file, and sends a command of 1 to 8,224 bytes. True when
+    /// the final result is "OK".
+    bool ExecFile(std::string_view text, uint32_t timeoutSeconds, ATResult& result);
+
+    /// The same with a result of its own that awaits `prefix`, null for none.
+    bool ExecFile(std::string_view text, uint32_t timeoutSeconds, const char* prefix);
+
+    // What the handshake and the features both need.
+
+    /// Asks for the handset's channel mode (`+ESUO`); false if it has none.
+    bool QueryChannelMode();
+
+    /// Sets the channel mode to file transfer or normal. False if the handset has no such mode.
+    bool SetChannelMode(bool fileMode);
+
+    /// Bytes of file data that one write may carry, 64 to 4,096; 64 if the handset doesn't say.
+    int32_t QueryChunkSize();
+
+    /// The message memories that the handset has. Doesn't ensure the session.
+    bool ListMessageMemories(std::vector<std::string>& names);
+
+    /// Selects the character set of texts in commands. Sends nothing if it is the one last selected. Doesn't
+    /// ensure the session.
+    bool SelectCharset(const std::u16string& name);
+
+    /// Selects a phonebook storage. Sends nothing if it is the one last selected.
+    bool SelectPhonebookStore(const std::u16string& name);
+
+    // Long transfers.
+
+    /// Watches a transfer that has no time-out: 5 seconds without a response line end it as
+    /// StopTransfer(true) does.
+    void StartStallWatch();
+    void StopStallWatch();
+
+    /// Ends the file transfer that another thread waits for. `breakWait` frees that thread at once, with an
+    /// empty result. Takes no lock.
+    void StopTransfer(bool breakWait);
+
+    /// Whether StopTransfer has run since the flag was last cleared.
+    std::atomic<bool> transferAborted{false};
+
+    /// Who gets the lines of a folder listing (`+EFSL`); null for nobody. Runs on the read thread.
+    void SetListingCallback(ListingCallback callback);
+
+    /// Where the trace of two-stage commands and time-outs goes; nowhere by default. Set it before the link
+    /// is used.
+    std::function<void(std::string_view)> trace;
+
+    /// What operations remember for the session. Only while the caller holds Lock().
+    SessionState& State() { return state_; }
+
+    /// The lock that every exchange takes, recursive, for an operation of several exchanges.
+    std::unique_lock<std::recursive_mutex> Lock() { return std::unique_lock(lock); }
+
+private:
+    bool SendRawCommand(std::string_view text, uint32_t timeoutMs, ATResult& result);
+    bool ExecLocked(std::string_view text, uint32_t timeoutMs, bool fileMode, bool ensureSession,
+                    ATResult& result);
+    bool Handshake();
+    bool WakeUp();
+    void ProbeMessageStore();
+    void LearnFeatures();
+    bool FilterLine(const ATLine& line);
+    int OnStall();
+    void EndSession();
+    void ForgetSelections();
+    bool SelectCached(std::u16string& current, const std::u16string& name, const char* command,
+                      const char* prefix, bool ensureSession);
+    void Trace(std::string_view text) const;
+
+    Clock& clock_;
+    std::recursive_mutex lock;
+    ATChannel channel_;
+    std::atomic<bool> portOpen{false};
+    std::atomic<bool> sessionReady{false};
+    int32_t channelMode = 0;
+    HandsetFeatures features_;
+    SessionState state_;
+    std::mutex listingMutex_;  // the callback alone
+    ListingCallback listingCallback_;
+    StallWatch stallWatch_;
+};
+
+}  // namespace tarnbridge

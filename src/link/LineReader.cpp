@@ -1,0 +1,230 @@
+#include "link/LineReader.h"
+
+#include <algorithm>
+
+namespace tarnbridge {
+namespace {
+
+constexpr char lineTerminator = 13;
+constexpr char lineFeed = 10;
+
+bool IsFinalWord(std::string_view word) {
+    return word == "OK" || word == "ERROR" || word == "CONNECT";
+}
+
+bool IsErrorKey(std::string_view key) {
+    return key == "+CME ERROR" || key == "+CMS ERROR";
+}
+
+/// Unsolicited lines that hand over a message, and so are followed by a raw line.
+bool CarriesMessage(std::string_view word) {
+    return word == "+CMT" || word == "+CBM" || word == "+CDS";
+}
+
+bool IsUnsolicitedWord(std::string_view word) {
+    static constexpr std::string_view words[] = {"RING",  "NO CARRIER", "+CMTI",  "+CBMI",  "+CDSI",
+                                                 "+CLIP", "+EADC",      "+GPIOS", "+EKPDS", "+BATS"};
+    return CarriesMessage(word) || std::find(std::begin(words), std::end(words), word) != std::end(words);
+}
+
+}  // namespace
+
+LineReader::LineReader(LineReaderHost& host, const ParseStop& stop) : host_(host), stop_(stop) {
+    lineBuffer.reserve(longestLine);
+}
+
+void LineReader::SetExpectedPrefix(std::string prefix) {
+    const std::lock_guard guard(leaf_);
+    collecting.prefix = std::move(prefix);
+}
+
+void LineReader::SetLineFilter(LineFilter filter) {
+    const std::lock_guard guard(leaf_);
+    lineFilter = std::move(filter);
+}
+
+void LineReader::SetUrcCallback(UrcCallback callback) {
+    const std::lock_guard guard(leaf_);
+    urcCallback = std::move(callback);
+}
+
+void LineReader::FetchResult(ATResult& result) {
+    const std::lock_guard guard(leaf_);
+    result.prefix = collecting.prefix;
+    result.status = collecting.status;
+    result.lines = std::move(collecting.lines);
+    collecting.lines.clear();
+}
+
+void LineReader::BreakOff(ATResult::Status status) {
+    collecting.lines.clear();
+    collecting.status = status;
+}
+
+void LineReader::Reset() {
+    state_ = FrameState::CarriageReturn;
+    lineBuffer.clear();
+    awaitPrompt = false;
+    const std::lock_guard guard(leaf_);
+    collecting.Clear();
+}
+
+void LineReader::Feed(std::span<const char> bytes) {
+    pending_ = bytes;
+    while (!pending_.empty() && !stop_.cancel.IsSet()) {
+        const char byte = pending_.front();
+        pending_ = pending_.subspan(1);
+        FeedByte(byte);
+    }
+    pending_ = {};
+}
+
+void LineReader::FeedByte(char byte) {
+    switch (state_) {
+        case FrameState::CarriageReturn:
+            if (byte == lineTerminator) state_ = FrameState::LineFeed;
+            break;
+        case FrameState::LineFeed:
+            if (byte != lineFeed) break;
+            lineBuffer.clear();
+            state_ = FrameState::Line;
+            break;
+        case FrameState::Line:
+            if (awaitPrompt) {
+                RecognisePrompt(byte);
+            } else if (byte == lineTerminator) {
+                // The second CRLF of a pair is the first of the next line.
+                state_ = lineBuffer.size() < 2 ? FrameState::LineFeed : FrameState::LineEnd;
+            } else if (lineBuffer.size() < longestLine) {
+                lineBuffer.push_back(byte);
+            }
+            break;
+        case FrameState::LineEnd:
+            if (byte != lineFeed || awaitPrompt) break;
+            state_ = FrameState::CarriageReturn;
+            ParseLine();
+            lineBuffer.clear();
+            break;
+    }
+}
+
+/// The next byte of the stream, waited for if it hasn't come. False when none will come: the line in hand is
+/// lost.
+bool LineReader::NextByte(char& byte) {
+    if (pending_.empty()) {
+        const int count = host_.Refill(readBuffer);
+        if (count <= 0) {
+            state_ = FrameState::CarriageReturn;
+            lineBuffer.clear();
+            return false;
+        }
+        pending_ = {readBuffer.data(), static_cast<size_t>(count)};
+    }
+    byte = pending_.front();
+    pending_ = pending_.subspan(1);
+    return true;
+}
+
+void LineReader::RecognisePrompt(char byte) {
+    char next = 0;
+    if (byte != '>' || !NextByte(next) || next != ' ') return;
+    awaitPrompt = false;
+    state_ = FrameState::CarriageReturn;
+    host_.OnPrompt();
+}
+
+/// False for a line that means nothing.
+bool LineReader::ParseLine() {
+    if (!TokenizeLine(lineBuffer, stop_, line_)) return false;
+    const bool isWholeLine = !line_.hasColon && line_.fields.empty() && !line_.quoted;
+
+    if (isWholeLine && IsFinalWord(line_.key)) {
+        line_.fields.push_back(ATParam::Flat(line_.key, true));
+        EndCommand();
+    } else if (IsErrorKey(line_.key) && (line_.hasColon || isWholeLine)) {
+        if (!line_.hasColon) line_.fields.push_back(ATParam::Flat(line_.key, true));
+        ATParam number;
+        number.type = ATParam::Number;
+        // A handset that sends words instead of a number gives 0.
+        const size_t digits = std::min(line_.token.find_first_not_of("0123456789"), line_.token.size());
+        if (digits > 0) number = ATParam::Flat(std::string_view(line_.token).substr(0, digits), false);
+        line_.fields.push_back(std::move(number));
+        EndCommand();
+    } else if (IsUnsolicited()) {
+        HandleUnsolicited();
+    } else if (MatchesPrefix()) {
+        HandleResponseLine();
+    }
+    return true;
+}
+
+void LineReader::EndCommand() {
+    collecting.status = ATResult::Final;
+    collecting.lines.push_back(std::move(line_.fields));
+    host_.OnCommandEnd();
+}
+
+bool LineReader::IsUnsolicited() const {
+    if (line_.key == "RING") return true;
+    return !line_.fields.empty() && line_.fields[0].type == ATParam::Text &&
+           IsUnsolicitedWord(line_.fields[0].text);
+}
+
+void LineReader::HandleUnsolicited() {
+    line_.fields.push_back(ATParam::Flat(line_.token, false));
+    if (CarriesMessage(line_.key)) {
+        // The message itself isn't read: the handset is never asked to hand messages over, and one that does
+        // it all the same is heard again only on the next connection.
+        host_.SwallowUntilStopped();
+        line_.fields.push_back(ATParam::Flat("", true));
+    }
+    UrcCallback callback;
+    {
+        const std::lock_guard guard(leaf_);
+        callback = urcCallback;
+    }
+    if (!callback) return;
+    ATResult urcResult;
+    urcResult.lines.push_back(std::move(line_.fields));
+    callback(urcResult);
+}
+
+bool LineReader::MatchesPrefix() const {
+    if (line_.key.empty()) return false;
+    const std::lock_guard guard(leaf_);
+    return line_.key == collecting.prefix;
+}
+
+void LineReader::HandleResponseLine() {
+    ATLine fields = std::move(line_.fields);
+    if (!line_.token.empty() || line_.emptyQuoted) fields.push_back(ATParam::Flat(line_.token, line_.quoted));
+    if (expectPduLine) {
+        if (!ReadPduLine()) return;
+        fields.push_back(ATParam::Flat(pduBuffer, true));
+        expectPduLine = false;
+    }
+    LineFilter filter;
+    {
+        const std::lock_guard guard(leaf_);
+        filter = lineFilter;
+    }
+    if (filter && filter(fields)) return;
+    collecting.lines.push_back(std::move(fields));
+}
+
+/// Reads up to a CR and then an LF, however long that takes; between the two all else is dropped.
+bool LineReader::ReadPduLine() {
+    pduBuffer.clear();
+    char byte = 0;
+    for (;;) {
+        if (!NextByte(byte)) return false;
+        if (byte == lineTerminator) break;
+        if (pduBuffer.size() < longestLine) pduBuffer.push_back(byte);
+    }
+    do {
+        if (!NextByte(byte)) return false;
+    } while (byte != lineFeed);
+    return true;
+}
+
+}  // namespace tarnbridge

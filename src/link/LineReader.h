@@ -1,0 +1,121 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <functional>
+#include <mutex>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "link/ATResult.h"
+#include "link/LineTokenizer.h"
+
+namespace tarnbridge {
+
+/// Sees each line of the awaited response, on the read thread; true keeps it out of the result.
+using LineFilter = std::function<bool(const ATLine&)>;
+
+/// Sees each unsolicited line, on the read thread, as a result of that one line.
+using UrcCallback = std::function<void(const ATResult&)>;
+
+/// What a line reader asks of its port. All calls come from within LineReader::Feed.
+class LineReaderHost {
+public:
+    /// Waits for more bytes and reads some of them into the buffer. Gives their number, or 0 when none will
+    /// come: the port is being closed or its far end has gone.
+    virtual int Refill(std::span<char> buffer) = 0;
+
+    /// The handset asks for the body of a two-stage command.
+    virtual void OnPrompt() = 0;
+
+    /// A final result stands in `collecting`. Returns when the caller has taken it, or at once if nobody
+    /// waits.
+    virtual void OnCommandEnd() = 0;
+
+    /// Reads and forgets all that comes until the port is closed.
+    virtual void SwallowUntilStopped() = 0;
+
+protected:
+    ~LineReaderHost() = default;
+};
+
+/// Frames a stream of bytes into lines and sorts the lines: a final result, a line of the awaited response,
+/// an unsolicited line, or nothing of use (3GPP TS 27.007, verbose responses; 27.005 for the prompt and the
+/// PDU lines).
+///
+/// A line is what stands between a CRLF and a CRLF; what comes before the first CRLF is lost. Empty lines and
+/// lines of one byte vanish, and a line is cut at `longestLine` bytes.
+///
+/// Feed and Reset belong to the read thread. The setters may be called from any thread. `collecting` belongs
+/// to the read thread but for FetchResult, which its caller runs while that thread stands in OnCommandEnd.
+class LineReader {
+public:
+    static constexpr size_t longestLine = 8960;
+
+    /// `host`, `stop` and what it refers to must outlive the reader.
+    LineReader(LineReaderHost& host, const ParseStop& stop);
+
+    /// Takes bytes off the wire. Stops early, losing the rest, when `stop.cancel` is signalled.
+    void Feed(std::span<const char> bytes);
+
+    /// Forgets the line in hand, what was collected, the awaited prefix, and the wait for a prompt.
+    void Reset();
+
+    /// The prefix of the response lines to keep, without colon; empty for none.
+    void SetExpectedPrefix(std::string prefix);
+
+    /// Whether the next line of the awaited response is followed by a raw line, which becomes its last field.
+    /// The flag goes off with that line.
+    void SetExpectPduLine(bool expect) { expectPduLine = expect; }
+
+    /// Whether `"> "` is looked for, and lines aren't. The flag goes off with the prompt.
+    void SetAwaitPrompt(bool await) { awaitPrompt = await; }
+
+    void SetLineFilter(LineFilter filter);
+    void SetUrcCallback(UrcCallback callback);
+
+    /// Moves the collected lines out, with a copy of the rest.
+    void FetchResult(ATResult& result);
+
+    /// Replaces what was collected by an empty result of this status.
+    void BreakOff(ATResult::Status status);
+
+    /// Empties the collected lines.
+    void DropLines() { collecting.lines.clear(); }
+
+private:
+    enum class FrameState { CarriageReturn, LineFeed, Line, LineEnd };
+
+    void FeedByte(char byte);
+    bool NextByte(char& byte);
+    void RecognisePrompt(char byte);
+    bool ParseLine();
+    void EndCommand();
+    void HandleUnsolicited();
+    void HandleResponseLine();
+    bool ReadPduLine();
+    bool IsUnsolicited() const;
+    bool MatchesPrefix() const;
+
+    LineReaderHost& host_;
+    const ParseStop stop_;
+
+    FrameState state_ = FrameState::CarriageReturn;
+    std::atomic<bool> awaitPrompt{false};
+    std::atomic<bool> expectPduLine{false};
+    std::string lineBuffer;
+    std::string pduBuffer;
+    TokenizedLine line_;
+
+    // What Feed was given, and what a refill in the middle of a line brought.
+    std::span<const char> pending_;
+    std::array<char, 512> readBuffer;
+
+    mutable std::mutex leaf_;  // the prefix and the two functions; nothing else is locked inside it
+    ATResult collecting;
+    LineFilter lineFilter;
+    UrcCallback urcCallback;
+};
+
+}  // namespace tarnbridge

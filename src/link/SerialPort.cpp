@@ -1,0 +1,139 @@
+#include "link/SerialPort.h"
+
+#include <utility>
+
+namespace tarnbridge {
+namespace {
+
+constexpr size_t bytesPerRead = 512;
+constexpr size_t longestLastCommand = 4096;
+constexpr Milliseconds roundTime{1};
+constexpr Milliseconds flushTime{3000};
+constexpr Milliseconds retryPause{100};
+
+}  // namespace
+
+SerialPort::SerialPort(Clock& clock, std::unique_ptr<SerialDevice> device)
+    : clock_(clock), device_(std::move(device)), reader_(*this, ParseStop{abortParse, cancel_}) {}
+
+SerialPort::~SerialPort() {
+    Close();
+}
+
+void SerialPort::Configure(std::string portName, uint32_t baudRate, FlowControl flowControl) {
+    settings_ = {std::move(portName), baudRate, flowControl};
+}
+
+bool SerialPort::Open(LinkKind& linkKind) {
+    if (!device_->Open(settings_, openFailure_)) return false;
+    linkKind = device_->Kind();
+    if (StartThread()) return true;
+    device_->Close();
+    openFailure_ = {SerialOpenFault::Other, settings_.name, {}, {}, 0, {}, false};
+    return false;
+}
+
+void SerialPort::StopThread() {
+    stop_.Set();
+    device_->Wake();
+    LinkPort::StopThread();
+}
+
+void SerialPort::Close() {
+    StopThread();
+    device_->Close();
+}
+
+void SerialPort::SetLastCommand(std::string_view text) {
+    lastCommand = text.substr(0, longestLastCommand);
+}
+
+bool SerialPort::Write(std::string_view bytes) {
+    for (int retries = 0; !bytes.empty(); ++retries) {
+        const int written = device_->Write(bytes);
+        if (written >= 0) bytes.remove_prefix(static_cast<size_t>(written));
+        if (bytes.empty()) break;
+        if (written >= 0) Flush();
+        if (retries == 1) return false;
+        clock_.Sleep(retryPause);
+    }
+    return true;
+}
+
+void SerialPort::Flush() {
+    std::array<char, bytesPerRead> scratch;
+    // A handset that never stops sending must not hold the caller for ever.
+    const Milliseconds start = clock_.Now();
+    while (!stop_.IsSet() && device_->Read(scratch) > 0 && clock_.Now() - start < flushTime) {
+    }
+    abortParse = true;
+    cancel_.Set();
+    device_->Wake();
+    clock_.Wait(flushDone_, flushTime);
+    flushDone_.Reset();
+}
+
+void SerialPort::Run() {
+    std::array<char, bytesPerRead> readBuffer;
+    while (!stop_.IsSet()) {
+        ServeSignals();
+        const int readCount = device_->Read(readBuffer);
+        if (readCount > 0) {
+            reader_.Feed({readBuffer.data(), static_cast<size_t>(readCount)});
+        } else {
+            device_->WaitReadable(roundTime);
+        }
+    }
+}
+
+void SerialPort::ServeSignals() {
+    // Whether an abort has someone to free is asked before a flush is answered: the caller that waits for the
+    // flush may make its own command active at once, and it isn't that command which is to be broken off.
+    const bool aborted = abort_.IsSet();
+    const bool someoneWaits = commandActive_.IsSet();
+    if (cancel_.IsSet()) {
+        reader_.Reset();
+        prompt_.Reset();
+        abortParse = false;
+        cancel_.Reset();
+        resultTaken_.Reset();
+        flushDone_.Set();
+    }
+    if (!aborted) return;
+    if (someoneWaits) {
+        reader_.BreakOff(ATResult::NoResult);
+        HandOver();
+    }
+    abort_.Reset();
+}
+
+void SerialPort::OnCommandEnd() {
+    if (commandActive_.IsSet() && !cancel_.IsSet()) HandOver();
+    reader_.DropLines();
+}
+
+/// The caller copies the result while this thread stands here.
+void SerialPort::HandOver() {
+    resultReady_.Set();
+    resultTaken_.Wait(forever);
+    resultTaken_.Reset();
+}
+
+int SerialPort::Refill(std::span<char> buffer) {
+    while (!stop_.IsSet()) {
+        const int count = device_->Read(buffer);
+        if (count > 0) return count;
+        if (device_->HungUp()) return 0;
+        device_->WaitReadable(roundTime);
+    }
+    return 0;
+}
+
+void SerialPort::SwallowUntilStopped() {
+    std::array<char, bytesPerRead> scratch;
+    while (!stop_.IsSet()) {
+        if (device_->Read(scratch) <= 0) device_->WaitReadable(roundTime);
+    }
+}
+
+}  // namespace tarnbridge

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <memory>
+#include <string>
+
+#include "link/LineReader.h"
+#include "link/LinkPort.h"
+#include "platform/Clock.h"
+
+namespace tarnbridge {
+
+/// A handset on a serial port. It lives for one connection: Configure, SetUrcCallback, Open, then Close, and
+/// no second Open.
+///
+/// Two threads use it: the read thread, and whichever thread holds the lock of the link. What was collected
+/// is shared by the rendezvous of result ready and result taken, not by a lock.
+class SerialPort : public LinkPort, private LineReaderHost {
+public:
+    /// Uses the device, which is closed, from now on. `clock` must outlive the port.
+    SerialPort(Clock& clock, std::unique_ptr<SerialDevice> device);
+    ~SerialPort() override;
+
+    void StopThread() override;
+    bool Write(std::string_view bytes) override;
+    void SetExpectPduLine(bool expect) override { reader_.SetExpectPduLine(expect); }
+    void SetAwaitPrompt(bool await) override { reader_.SetAwaitPrompt(await); }
+    Event& PromptEvent() override { return prompt_; }
+    void SetLastCommand(std::string_view text) override;
+    Event& ResultReadyEvent() override { return resultReady_; }
+    Event& ResultTakenEvent() override { return resultTaken_; }
+    Event& CommandActiveEvent() override { return commandActive_; }
+    Event& FlushDoneEvent() override { return flushDone_; }
+    Event& AbortEvent() override { return abort_; }
+    Event& CancelEvent() override { return cancel_; }
+    void Flush() override;
+    void FetchResult(ATResult& result) override { reader_.FetchResult(result); }
+    void SetLineFilter(LineFilter filter) override { reader_.SetLineFilter(std::move(filter)); }
+    void SetUrcCallback(UrcCallback callback) override { reader_.SetUrcCallback(std::move(callback)); }
+    void SetExpectedPrefix(std::string prefix) override { reader_.SetExpectedPrefix(std::move(prefix)); }
+    bool Open(LinkKind& linkKind) override;
+    void Close() override;
+    void Configure(std::string portName, uint32_t baudRate, FlowControl flowControl) override;
+
+    /// Why the last Open failed.
+    const SerialOpenFailure& OpenFailure() const { return openFailure_; }
+
+protected:
+    void Run() override;
+    const char* ThreadName() const override { return "serial read"; }
+
+private:
+    int Refill(std::span<char> buffer) override;
+    void OnPrompt() override { prompt_.Set(); }
+    void OnCommandEnd() override;
+    void SwallowUntilStopped() override;
+
+    void ServeSignals();
+    void HandOver();
+
+    Clock& clock_;
+    const std::unique_ptr<SerialDevice> device_;
+    SerialSettings settings_;
+    SerialOpenFailure openFailure_;
+    std::string lastCommand;
+
+    Event prompt_{ResetMode::Automatic};
+    Event stop_{ResetMode::Manual};
+    Event cancel_{ResetMode::Manual};
+    Event resultReady_{ResetMode::Manual};
+    Event resultTaken_{ResetMode::Manual};
+    Event commandActive_{ResetMode::Manual};
+    Event flushDone_{ResetMode::Manual};
+    Event abort_{ResetMode::Manual};
+    std::atomic<bool> abortParse{false};
+
+    LineReader reader_;
+};
+
+}  // namespace tarnbridge

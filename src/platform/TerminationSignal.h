@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/Event.h"
+
+namespace tarnbridge {
+
+/// Turns the wish that the program end (SIGINT, SIGTERM) into an event while it lives, in place of the
+/// system's own reaction. It must be made on the main thread before any other thread is started, since
+/// threads inherit what makes it work, and at most one may live at a time.
+class TerminationSignal {
+public:
+    TerminationSignal();
+    TerminationSignal(const TerminationSignal&) = delete;
+    TerminationSignal& operator=(const TerminationSignal&) = delete;
+    ~TerminationSignal();
+
+    /// Set by the first signal and never reset.
+    Event& Requested() { return requested_; }
+
+private:
+    struct State;
+
+    Event requested_{ResetMode::Manual};
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace tarnbridge

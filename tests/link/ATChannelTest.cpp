@@ -1,0 +1,266 @@
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include "link/ATChannel.h"
+#include "link/DescribeFields.h"
+#include "link/SerialPort.h"
+#include "support/FakeWire.h"
+#include "support/ManualClock.h"
+
+namespace tarnbridge {
+namespace {
+
+using namespace std::chrono_literals;
+
+class ATChannelTest : public ::testing::Test {
+protected:
+    void Open() {
+        LinkKind kind = LinkKind::Other;
+        ASSERT_TRUE(channel.Open("COM1", 115200, FlowControl::None, {}, kind));
+        EXPECT_EQ(kind, LinkKind::Modem);
+    }
+
+    std::string Exec(const std::string& text, const char* prefix = "", Milliseconds timeout = 10s) {
+        ATResult result;
+        result.prefix = prefix;
+        const bool answered = channel.Exec(text, timeout, false, result);
+        return answered ? Describe(result) : "failed with status " + std::to_string(result.status);
+    }
+
+    test::FakeWire wire;
+    test::NoSleepClock clock;
+    ATChannel channel{clock, wire.Factory()};
+};
+
+TEST_F(ATChannelTest, OpenAndClose) {
+    EXPECT_EQ(Exec("AT\r"), "failed with status 0") << "closed";
+    EXPECT_FALSE(channel.SendRaw("AT\r"));
+    channel.Cancel();
+
+    LinkKind kind = LinkKind::Other;
+    wire.FailOpen(SerialOpenFault::InUse);
+    EXPECT_FALSE(channel.Open("COM1", 115200, FlowControl::None, {}, kind));
+    EXPECT_EQ(channel.OpenFailure().fault, SerialOpenFault::InUse);
+    wire.FailOpen(SerialOpenFault::None);
+    Open();
+    EXPECT_FALSE(channel.Open("COM1", 115200, FlowControl::None, {}, kind)) << "open already";
+    EXPECT_TRUE(channel.Close());
+    EXPECT_TRUE(channel.Close());
+    Open();
+}
+
+TEST_F(ATChannelTest, ResultsOfACommand) {
+    Open();
+    wire.Answer("AT+CSQ\r", test::Lines({"+CREG: 1", "+CSQ: 20,99", "OK"}));
+    wire.Answer("AT+CMGD=9\r", test::Lines({"+CMS ERROR: 321"}));
+    EXPECT_EQ(Exec("AT+CSQ\r", "+CSQ"), "'+CSQ' 20 99\n'OK'\n");
+    EXPECT_EQ(Exec("AT+CSQ\r"), "'OK'\n") << "no prefix is awaited";
+    EXPECT_EQ(Exec("AT+CMGD=9\r"), "'+CMS ERROR' 321\n");
+    EXPECT_EQ(Exec("AT+X\r"), "'ERROR'\n");
+
+    wire.SplitReads(1);
+    EXPECT_EQ(Exec("AT+CSQ\r", "+CSQ"), "'+CSQ' 20 99\n'OK'\n");
+}
+
+TEST_F(ATChannelTest, WhatCameBeforeACommandIsNotItsAnswer) {
+    Open();
+    wire.Answer("AT+CSQ\r", test::Lines({"+CSQ: 20", "OK"}));
+    for (const char* leftOver :
+         {"\r\n+CSQ: 1\r\n\r\nOK\r\n", "\r\n+CSQ: 1\r\n", "\r\nhalf a li", "\r\n", "\xFF\0garbage"}) {
+        wire.Send(leftOver);
+        EXPECT_EQ(Exec("AT+CSQ\r", "+CSQ"), "'+CSQ' 20\n'OK'\n") << leftOver;
+    }
+}
+
+TEST_F(ATChannelTest, AnOldResultNeverCounts) {
+    ATResult result;
+    result.lines = {{ATParam::Flat("OK", true)}};
+    EXPECT_FALSE(channel.ExecTwoStage("AT+CMGS=1\r", "00\x1A", 1s, false, result));
+    Open();
+    wire.SetOtherAnswer("");
+    EXPECT_FALSE(channel.ExecTwoStage("AT+CMGS=1\r", "00\x1A", 5ms, false, result));
+    EXPECT_TRUE(result.lines.empty());
+    EXPECT_EQ(result.status, ATResult::NoResult);
+}
+
+TEST_F(ATChannelTest, SilenceEndsByTheTimeOutAndTheNextCommandWorks) {
+    Open();
+    wire.Answer("AT\r", test::Lines({"OK"}));
+    for (const char* reply : {"", "\r\nO", "\r\nOK\r", "garbage without end", "\r\n+X: \"unterminated\r\n"}) {
+        wire.Answer("AT+X\r", reply);
+        EXPECT_EQ(Exec("AT+X\r", "+X", 20ms), "failed with status 1") << reply;
+        EXPECT_EQ(Exec("AT\r"), "'OK'\n") << "after " << reply;
+    }
+}
+
+TEST_F(ATChannelTest, ReplyRacesItsTimeOut) {
+    Open();
+    wire.Answer("AT+A\r", test::Lines({"+A: 1", "OK"}));
+    wire.Answer("AT+B\r", test::Lines({"+B: 2", "OK"}));
+    int answered = 0;
+    for (int i = 0; i < 1000; ++i) {
+        wire.DelayReplies(Milliseconds(i % 3));
+        ATResult result;
+        result.prefix = "+A";
+        if (channel.Exec("AT+A\r", 1ms, false, result)) {
+            ++answered;
+            ASSERT_EQ(Describe(result), "'+A' 1\n'OK'\n");
+        } else {
+            ASSERT_EQ(result.status, ATResult::NoResult);
+            // Once the late reply has come in, the next command gets its own.
+            std::this_thread::sleep_for(2ms);
+        }
+        wire.DelayReplies(0ms);
+        ASSERT_EQ(Exec("AT+B\r", "+B"), "'+B' 2\n'OK'\n") << "round " << i;
+    }
+    EXPECT_GT(answered, 0);
+    EXPECT_LT(answered, 1000);
+}
+
+TEST_F(ATChannelTest, Writes) {
+    Open();
+    wire.Answer("AT\r", test::Lines({"OK"}));
+    wire.ScriptWrites({-1});
+    EXPECT_EQ(Exec("AT\r"), "'OK'\n") << "one failed write is tried again";
+    wire.ScriptWrites({-1, -1});
+    EXPECT_EQ(Exec("AT\r"), "failed with status 2");
+    wire.ScriptWrites({0, 0});
+    EXPECT_EQ(Exec("AT\r"), "failed with status 2") << "two short writes";
+    wire.ScriptWrites({3, -1});
+    EXPECT_EQ(Exec("xxxAT\r"), "failed with status 2") << "a short one, then a failed one";
+    EXPECT_EQ(Exec("AT\r"), "'OK'\n");
+}
+
+TEST_F(ATChannelTest, TwoStageCommand) {
+    Open();
+    wire.Answer("AT+CMGW=1\r", "AT+CMGW=1\r\r\n> ");
+    wire.Answer("AT\r", test::Lines({"OK"}));
+    wire.Answer("BODY\x1A", test::Lines({"+CMGW: 5", "OK"}));
+    wire.Answer("FULL\x1A", test::Lines({"+CMS ERROR: 322"}));
+    wire.Answer("MUTE\x1A", "");
+    const auto exec = [&](const char* text, const char* body, Milliseconds timeout = 10s) {
+        ATResult result;
+        result.prefix = "+CMGW";
+        const bool answered = channel.ExecTwoStage(text, body, timeout, false, result);
+        return answered ? Describe(result) : "failed with status " + std::to_string(result.status);
+    };
+    for (const size_t pieces : {0, 1}) {
+        wire.SplitReads(pieces);
+        EXPECT_EQ(exec("AT+CMGW=1\r", "BODY\x1A"), "'+CMGW' 5\n'OK'\n");
+        EXPECT_EQ(exec("AT+CMGW=1\r", "FULL\x1A"), "'+CMS ERROR' 322\n");
+        EXPECT_EQ(exec("AT+CMGW=1\r", "MUTE\x1A", 20ms), "failed with status 1");
+        EXPECT_EQ(exec("AT+REFUSED\r", "BODY\x1A", 20ms), "failed with status 1") << "no prompt, no body";
+        EXPECT_EQ(Exec("AT\r"), "'OK'\n");
+    }
+    EXPECT_EQ(wire.CountWritten("BODY\x1A"), 2u);
+    wire.ScriptWrites({-1, -1});
+    EXPECT_EQ(exec("AT+CMGW=1\r", "BODY\x1A"), "failed with status 2");
+    wire.ScriptWrites({});
+    EXPECT_EQ(exec("AT+CMGW=1\r", "BODY\x1A"), "'+CMGW' 5\n'OK'\n");
+}
+
+TEST_F(ATChannelTest, LateResultsOfAnAbandonedTwoStageCommandHoldNobody) {
+    Open();
+    wire.Answer("AT\r", test::Lines({"OK"}));
+    wire.Answer("AT+CMGW=1\r", "\r\n> ");
+    wire.Answer("MUTE\x1A", "");
+    for (int i = 0; i < 20; ++i) {
+        ATResult result;
+        EXPECT_FALSE(channel.ExecTwoStage("AT+CMGW=1\r", "MUTE\x1A", 5ms, false, result));
+        wire.Send(test::Lines({"+CMS ERROR: 1", "OK", "OK"}));
+        std::this_thread::sleep_for(2ms);
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(Exec("AT\r"), "'OK'\n");
+        EXPECT_LT(std::chrono::steady_clock::now() - start, 2s) << "the flush wasn't answered";
+    }
+    ATResult result;
+    EXPECT_FALSE(channel.ExecTwoStage("AT+CMGW=1\r", "MUTE\x1A", 5ms, false, result));
+    wire.Send(test::Lines({"OK", "OK"}));
+    std::this_thread::sleep_for(2ms);
+    channel.Close();
+}
+
+TEST_F(ATChannelTest, CancelFreesAWaitWithoutLimit) {
+    Open();
+    wire.SetOtherAnswer("");
+    for (int i = 0; i < 50; ++i) {
+        std::thread canceller([&] {
+            while (wire.CountWritten("AT+EFSR\r") <= static_cast<size_t>(i))
+                std::this_thread::yield();
+            channel.Cancel();
+        });
+        EXPECT_EQ(Exec("AT+EFSR\r", "+EFSR", 0ms), "failed with status 1");
+        canceller.join();
+    }
+    wire.Answer("AT\r", test::Lines({"OK"}));
+    EXPECT_EQ(Exec("AT\r"), "'OK'\n");
+}
+
+TEST_F(ATChannelTest, HangUpInEachKindOfExchangeAndComingBack) {
+    wire.Answer("AT\r", test::Lines({"OK"}));
+    wire.Answer("AT+CMGW=1\r", "\r\n> ");
+    wire.Answer("AT+CMGR=1\r", "\r\n+CMGR: 1,,20\r\n0791");
+    wire.SetOtherAnswer("");
+    const std::function<void()> exchanges[] = {
+        [&] { EXPECT_EQ(Exec("AT+SILENT\r", "", 50ms), "failed with status 1"); },
+        [&] {
+            ATResult result;
+            result.prefix = "+CMGR";
+            EXPECT_FALSE(channel.Exec("AT+CMGR=1\r", 50ms, true, result)) << "in the middle of a PDU line";
+        },
+        [&] {
+            ATResult result;
+            EXPECT_FALSE(channel.ExecTwoStage("AT+CMGS=1\r", "B\x1A", 50ms, false, result))
+                << "before the prompt";
+        },
+        [&] {
+            ATResult result;
+            EXPECT_FALSE(channel.ExecTwoStage("AT+CMGW=1\r", "B\x1A", 50ms, false, result))
+                << "after the prompt";
+        },
+    };
+    for (const auto& exchange : exchanges) {
+        Open();
+        EXPECT_EQ(Exec("AT\r"), "'OK'\n");
+        wire.ForgetWritten();
+        std::thread unplug([&] {
+            while (wire.Written().empty())
+                std::this_thread::yield();
+            std::this_thread::sleep_for(5ms);
+            wire.HangUp(true);
+        });
+        exchange();
+        unplug.join();
+        EXPECT_NE(Exec("AT\r", "", 50ms), "'OK'\n") << "a port that hung up stays dead";
+        channel.Close();
+        LinkKind kind{};
+        EXPECT_FALSE(channel.Open("COM1", 115200, FlowControl::None, {}, kind));
+        wire.HangUp(false);
+    }
+    Open();
+    EXPECT_EQ(Exec("AT\r"), "'OK'\n");
+}
+
+TEST(SerialPort, FlushOfAnEndlessStreamEnds) {
+    test::FakeWire wire;
+    wire.SetOtherAnswer("");
+    test::ManualClock clock;
+    ATChannel channel(clock, wire.Factory());
+    LinkKind kind{};
+    ASSERT_TRUE(channel.Open("COM1", 115200, FlowControl::None, {}, kind));
+    std::atomic<bool> stop{false};
+    std::thread babbler([&] {
+        while (!stop) {
+            wire.Send("babble");
+            clock.Advance(10ms);
+        }
+    });
+    ATResult result;
+    EXPECT_FALSE(channel.Exec("AT\r", 100ms, false, result));
+    stop = true;
+    babbler.join();
+}
+
+}  // namespace
+}  // namespace tarnbridge

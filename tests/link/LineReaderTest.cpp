@@ -1,0 +1,244 @@
+#include <gtest/gtest.h>
+
+#include "link/DescribeFields.h"
+#include "link/LineReader.h"
+#include "support/FakeWire.h"
+
+namespace tarnbridge {
+namespace {
+
+/// A port without a thread: what a refill brings is given beforehand, and each final result is taken at once.
+class FakeHost final : public LineReaderHost {
+public:
+    int Refill(std::span<char> buffer) override {
+        const size_t count = std::min({buffer.size(), more.size(), pieceSize});
+        std::copy_n(more.begin(), count, buffer.begin());
+        more.erase(0, count);
+        return static_cast<int>(count);
+    }
+    void OnPrompt() override { log += "prompt\n"; }
+    void OnCommandEnd() override {
+        ATResult result;
+        reader->FetchResult(result);
+        log += Describe(result) + "--\n";
+    }
+    void SwallowUntilStopped() override {
+        more.clear();
+        log += "swallowed\n";
+    }
+
+    LineReader* reader = nullptr;
+    std::string more;
+    size_t pieceSize = 512;
+    std::string log;
+};
+
+class LineReaderTest : public ::testing::Test {
+protected:
+    LineReaderTest() {
+        host.reader = &reader;
+        reader.SetUrcCallback([this](const ATResult& result) { host.log += "urc " + Describe(result); });
+    }
+
+    std::atomic<bool> abortParse{false};
+    Event cancel{ResetMode::Manual};
+    FakeHost host;
+    LineReader reader{host, ParseStop{abortParse, cancel}};
+};
+
+/// What a stream gives when its first `head` bytes are fed and the rest comes by refills, or is fed after
+/// them.
+std::string Read(const std::string& stream, const char* prefix, bool pduFollows, size_t head,
+                 size_t pieceSize) {
+    std::atomic<bool> abortParse{false};
+    Event cancel{ResetMode::Manual};
+    FakeHost host;
+    LineReader reader(host, ParseStop{abortParse, cancel});
+    host.reader = &reader;
+    host.pieceSize = pieceSize;
+    reader.SetUrcCallback([&](const ATResult& result) { host.log += "urc " + Describe(result); });
+    reader.SetExpectedPrefix(prefix);
+    reader.SetExpectPduLine(pduFollows);
+    host.more = stream.substr(head);
+    reader.Feed(std::span(stream).first(head));
+    while (!host.more.empty()) {
+        const std::string piece = host.more.substr(0, pieceSize);
+        host.more.erase(0, pieceSize);
+        reader.Feed(piece);
+    }
+    return host.log;
+}
+
+TEST(LineReader, DialoguesCutAtEveryByte) {
+    struct Row {
+        const char* what;
+        const char* prefix;
+        bool pduFollows;
+        std::string stream;
+        const char* log;
+    };
+    const std::vector<std::string> urcs = {"RING",          "+CMTI: \"SM\",3", "+CLIP: \"+4912\",145",
+                                           "NO CARRIER: 1", "+EADC: 5",        "+GPIOS: 1",
+                                           "+EKPDS: 1",     "+BATS: 3"};
+    const Row rows[] = {
+        {"final results", "", false, test::Lines({"OK", "ERROR", "CONNECT"}),
+         "'OK'\n--\n'ERROR'\n--\n'CONNECT'\n--\n"},
+        {"CONNECT with a rate isn't final", "", false, test::Lines({"CONNECT 115200", "OK"}), "'OK'\n--\n"},
+        {"OK inside a line isn't final", "", false, test::Lines({"a,OK", "OK: 1", "(OK)", "\"OK\"", "OK"}),
+         "'OK'\n--\n"},
+        {"errors with number, words and nothing", "", false,
+         test::Lines({"+CME ERROR: 10", "+CMS ERROR: full", "+CME ERROR"}),
+         "'+CME ERROR' 10\n--\n'+CMS ERROR' 0\n--\n'+CME ERROR' 0\n--\n"},
+        {"only the awaited prefix is kept", "+CSQ", false,
+         "AT+CSQ\r" + test::Lines({"+CREG: 1", "hello: world", "+CSQ: 20,99", "OK"}),
+         "'+CSQ' 20 99\n'OK'\n--\n"},
+        {"without a prefix nothing is kept", "", false, test::Lines({"hello: world", ": x", "  ", "OK"}),
+         "'OK'\n--\n"},
+        {"PDU line", "+CMGR", true, "\r\n+CMGR: 0,,25\r\n0791AA,\"(\r\n" + test::Lines({"OK"}),
+         "'+CMGR' 0 _ 25 '0791AA,\"('\n'OK'\n--\n"},
+        {"CR in a PDU line swallows up to LF", "+CMGR", true,
+         "\r\n+CMGR: 1\r\n0791\rXY\n" + test::Lines({"OK"}), "'+CMGR' 1 '0791'\n'OK'\n--\n"},
+        {"the flag for a PDU line goes off", "+CMGR", true,
+         "\r\n+CMGR: 0\r\nAB\r\n" + test::Lines({"+CMGR: 1", "OK"}), "'+CMGR' 0 'AB'\n'+CMGR' 1\n'OK'\n--\n"},
+        {"unsolicited lines stay out", "+X", false,
+         test::Lines({urcs[0], "+X: 1", urcs[1], urcs[2], urcs[3], "+X: 2", urcs[4], urcs[5], urcs[6],
+                      urcs[7], "OK"}),
+         "urc 'RING'\nurc '+CMTI' 'SM' 3\nurc '+CLIP' '+4912' 145\nurc 'NO CARRIER' 1\nurc '+EADC' 5\nurc "
+         "'+GPIOS' 1\n"
+         "urc '+EKPDS' 1\nurc '+BATS' 3\n'+X' 1\n'+X' 2\n'OK'\n--\n"},
+        {"a bare NO CARRIER is nothing", "", false, test::Lines({"NO CARRIER", "OK"}), "'OK'\n--\n"},
+        {"a first line without CRLF is lost", "", false, "OK\r\nERROR\r\n", "'ERROR'\n--\n"},
+        {"lines of one byte vanish", "", false, "\r\n>\r\n\r\n\r\nOK\r\n", "'OK'\n--\n"},
+        {"an unterminated quote drops even a final result", "", false, test::Lines({"OK\"", "ERROR"}),
+         "'ERROR'\n--\n"},
+    };
+    for (const Row& row : rows) {
+        for (size_t head = 0; head <= row.stream.size(); ++head) {
+            for (const size_t piece : {size_t{1}, size_t{512}}) {
+                ASSERT_EQ(Read(row.stream, row.prefix, row.pduFollows, head, piece), row.log)
+                    << row.what << ", cut at " << head << ", pieces of " << piece;
+            }
+        }
+    }
+}
+
+TEST_F(LineReaderTest, UnsolicitedAtEveryGapOfAResponse) {
+    const std::vector<std::string> response = {"+X: 1", "+X: 2", "OK"};
+    for (const char* word :
+         {"RING", "+CMTI: \"SM\",3", "+CBMI: \"BM\",1", "+CDSI: \"SM\",1", "+CLIP: \"1\",129", "+EADC: 5",
+          "+GPIOS: 1", "+EKPDS: 1", "+BATS: 3", "NO CARRIER"}) {
+        for (size_t gap = 0; gap < response.size(); ++gap) {
+            std::vector<std::string> lines = response;
+            lines.insert(lines.begin() + static_cast<ptrdiff_t>(gap), word);
+            host.log.clear();
+            reader.SetUrcCallback({});
+            reader.SetExpectedPrefix("+X");
+            reader.Feed(test::Lines(lines));
+            EXPECT_EQ(host.log, "'+X' 1\n'+X' 2\n'OK'\n--\n") << word << " at gap " << gap;
+        }
+    }
+}
+
+TEST_F(LineReaderTest, HandedOverMessagesSwallowTheRest) {
+    for (const char* word : {"+CMT: ,20", "+CBM: 88", "+CDS: 25"}) {
+        host.log.clear();
+        reader.SetUrcCallback({});
+        host.more = "0791\r\n\r\nOK\r\n";
+        reader.Feed(test::Lines({word}));
+        EXPECT_EQ(host.log, "swallowed\n") << word;
+    }
+}
+
+TEST_F(LineReaderTest, ALineBetweenTheHeaderAndItsPduSpoilsThePdu) {
+    reader.SetExpectedPrefix("+CMGR");
+    reader.SetExpectPduLine(true);
+    reader.Feed(std::string("\r\n+CMGR: 0,,25\r\n\r\nRING\r\n0791\r\n\r\nOK\r\n"));
+    EXPECT_EQ(host.log, "'+CMGR' 0 _ 25 ''\n'OK'\n--\n");
+}
+
+TEST_F(LineReaderTest, Prompt) {
+    struct Row {
+        const char* rule;
+        const char* bytes;
+        bool seen;
+    };
+    const Row rows[] = {
+        {"after CRLF", "\r\n> ", true},
+        {"after other bytes of the line", "\r\nabc> ", true},
+        {"an error in its place isn't seen", "\r\nERROR\r\n\r\n+CMS ERROR: 500\r\n", false},
+        {"without CRLF it is lost", "> ", false},
+        {"without its blank it is dropped, and waiting goes on", "\r\n>x> ", true},
+        {"a doubled sign hides it", "\r\n>> ", false},
+    };
+    for (const Row& row : rows) {
+        for (const size_t piece : {size_t{1}, size_t{512}}) {
+            host.log.clear();
+            reader.Reset();
+            reader.SetAwaitPrompt(true);
+            host.more = row.bytes;
+            while (!host.more.empty()) {
+                const std::string part = host.more.substr(0, piece);
+                host.more.erase(0, piece);
+                reader.Feed(part);
+            }
+            EXPECT_EQ(host.log, row.seen ? "prompt\n" : "") << row.rule;
+        }
+    }
+    // After the prompt lines are lines again.
+    reader.Reset();
+    host.log.clear();
+    reader.SetAwaitPrompt(true);
+    reader.Feed(std::string("\r\n> \r\n+CMGW: 5\r\n\r\nOK\r\n"));
+    EXPECT_EQ(host.log, "prompt\n'OK'\n--\n");
+}
+
+TEST_F(LineReaderTest, NoMoreBytesInTheMiddleOfALineDropIt) {
+    reader.SetExpectedPrefix("+CMGR");
+    reader.SetExpectPduLine(true);
+    reader.Feed(std::string("\r\n+CMGR: 0\r\n0791"));
+    EXPECT_EQ(host.log, "");
+    reader.Reset();
+    reader.Feed(test::Lines({"OK"}));
+    EXPECT_EQ(host.log, "'OK'\n--\n");
+}
+
+TEST_F(LineReaderTest, LongLinesAreCut) {
+    reader.SetExpectedPrefix("+X");
+    ATResult result;
+    reader.SetLineFilter([&](const ATLine& line) {
+        result.lines.push_back(line);
+        return true;
+    });
+    reader.Feed("\r\n+X: " + std::string(100'000, 'a') + "\r\n" + test::Lines({"OK"}));
+    ASSERT_EQ(result.lines.size(), 1u);
+    EXPECT_EQ(result.lines[0][1].text.size(), LineReader::longestLine - 4);
+    EXPECT_EQ(host.log, "'OK'\n--\n") << "the line was taken by the filter";
+
+    reader.SetLineFilter({});
+    reader.SetExpectPduLine(true);
+    host.log.clear();
+    reader.Feed("\r\n+X: 1\r\n" + std::string(20'000, 'b') + "\r\n" + test::Lines({"OK"}));
+    EXPECT_EQ(host.log, "'+X' 1 '" + std::string(LineReader::longestLine, 'b') + "'\n'OK'\n--\n");
+}
+
+TEST_F(LineReaderTest, ResetForgetsEverything) {
+    reader.SetExpectedPrefix("+X");
+    reader.SetAwaitPrompt(true);
+    reader.Feed(std::string("\r\n+X: 1"));
+    reader.Reset();
+    reader.Feed("5\r\n" + test::Lines({"+X: 2", "OK"}));
+    EXPECT_EQ(host.log, "'OK'\n--\n");
+}
+
+TEST_F(LineReaderTest, CancelEndsFeeding) {
+    reader.SetLineFilter([&](const ATLine&) {
+        cancel.Set();
+        return false;
+    });
+    reader.SetExpectedPrefix("+X");
+    reader.Feed(test::Lines({"+X: 1", "OK"}));
+    EXPECT_EQ(host.log, "");
+}
+
+}  // namespace
+}  // namespace tarnbridge
