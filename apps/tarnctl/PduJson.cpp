@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "JsonFields.h"
 #include "messaging/ConcatHeader.h"
 #include "messaging/GsmAlphabet.h"
 #include "messaging/JoinParts.h"
@@ -67,14 +68,6 @@ std::string DataOf(const SmsRecord& record) {
         if (start < part.size()) data += part.substr(start);
     }
     return data;
-}
-
-int NumberIn(const json& object, const char* name, int otherwise, int largest) {
-    if (!object.contains(name)) return otherwise;
-    const auto& value = object.at(name);
-    if (!value.is_number_integer() || value < 0 || value > largest)
-        throw std::invalid_argument(fmt::format("{} isn't a number from 0 to {}", name, largest));
-    return value.get<int>();
 }
 
 uint8_t OctetIn(const json& object, const char* name, int largest = 255) {

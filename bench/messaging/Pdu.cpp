@@ -1,7 +1,9 @@
-// Decode and encode of a 160-character DELIVER, beside a copy of the same hexadecimal text.
+// Decode and encode of a 160-character DELIVER, beside a copy of the same hexadecimal text, and the joining
+// of parts, whose cost a part is to stay flat.
 
 #include <benchmark/benchmark.h>
 
+#include "messaging/JoinParts.h"
 #include "messaging/SmsRecord.h"
 
 namespace tarnbridge {
@@ -54,6 +56,33 @@ void EncodePdu(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(EncodePdu);
+
+/// Messages of three parts each, with wide references.
+void JoinThreeParts(benchmark::State& state) {
+    const auto count = static_cast<int>(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        SmsRecordList records;
+        for (int i = 0; i < count; ++i) {
+            const int message = i % (count / 3);
+            records.push_back(std::make_unique<SmsRecord>());
+            records.back()->userDataHeader = {'\x08',
+                                              '\x04',
+                                              static_cast<char>(message >> 8),
+                                              static_cast<char>(message),
+                                              '\x03',
+                                              static_cast<char>(1 + i / (count / 3))};
+            records.back()->text8.assign(153, 'x');
+            records.back()->handsetIndices = {i};
+        }
+        state.ResumeTiming();
+        JoinParts(records);
+        if (records.size() != static_cast<size_t>(count / 3)) state.SkipWithError("not joined");
+        benchmark::DoNotOptimize(records.data());
+    }
+    state.SetItemsProcessed(state.iterations() * count);
+}
+BENCHMARK(JoinThreeParts)->Arg(600)->Arg(6000)->Arg(60000);
 
 }  // namespace
 }  // namespace tarnbridge

@@ -64,6 +64,7 @@ TEST(PduJson, EncodesWithDefaultsAndRefuses) {
         {{"number", "12"}, {"dcs", 12}},
         {{"number", 12}},
         {{"number", "12"}, {"kind", "report"}},
+        {{"number", "12"}, {"concat", "1 of 2"}},
         {{"number", "12"}, {"header", "0x"}},
         {{"number", "12"}, {"protocolId", -1}},
         {{"number", "12"}, {"text", std::string(161, 'x')}},
