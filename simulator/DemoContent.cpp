@@ -111,6 +111,40 @@ std::string Ball() {
                    "..####..", "########", "########", "..####.."});
 }
 
+/// A long message in parts, no escape cut from its character.
+struct LongText {
+    std::vector<std::u16string> parts;
+    bool ucs2;  ///< for all parts, also one that GSM text would hold
+};
+
+/// 153 septets or 67 units a part; one less where the reference has 16 bits.
+LongText Parts(std::u16string_view text, bool wideReference = false) {
+    LongText result{std::vector<std::u16string>(1), !TextToSeptets(text)};
+    const size_t most = (result.ucs2 ? 67 : 153) - (wideReference ? 1 : 0);
+    size_t length = 0;
+    for (const char16_t unit : text) {
+        const size_t size = result.ucs2 ? 1 : TextToSeptets({&unit, 1})->size();
+        if (length + size > most) {
+            result.parts.emplace_back();
+            length = 0;
+        }
+        result.parts.back() += unit;
+        length += size;
+    }
+    return result;
+}
+
+/// Concatenation with an 8-bit reference.
+std::string PartElement(int reference, size_t total, size_t number) {
+    return Element(0x00, Bytes({reference, static_cast<int>(total), static_cast<int>(number)}));
+}
+
+/// Concatenation with a 16-bit reference.
+std::string WidePartElement(int reference, size_t total, size_t number) {
+    return Element(
+        0x08, Bytes({reference >> 8, reference & 0xff, static_cast<int>(total), static_cast<int>(number)}));
+}
+
 /// Writes messages into a memory one after the other, an hour and some minutes apart.
 class Author {
 public:
@@ -125,6 +159,14 @@ public:
 
     void Write(int stat, const std::string& to, std::u16string_view text, const std::string& elements = {}) {
         Put(stat, WriteSubmit(Message(to, text, elements, -1)));
+    }
+
+    /// One part, numbered from 1, of a message whose concatenation element is `element`.
+    void ReceivePart(int stat, const std::string& from, const LongText& text, size_t number,
+                     const std::string& element) {
+        MessageText message = Message(from, text.parts.at(number - 1), element, -1);
+        message.ucs2 = text.ucs2;
+        Put(stat, WriteDeliver(message, content_.identity.serviceCentre));
     }
 
     void Put(int stat, const std::string& pdu) {
@@ -157,35 +199,6 @@ private:
     int minutes_ = 0;
     int reference_ = 0;
 };
-
-/// The parts of a long message, 153 septets or 67 units each, no escape cut from its character.
-std::vector<std::u16string> Parts(std::u16string_view text) {
-    const bool gsm = TextToSeptets(text).has_value();
-    const size_t most = gsm ? 153 : 67;
-    std::vector<std::u16string> parts(1);
-    size_t length = 0;
-    for (const char16_t unit : text) {
-        const size_t size = gsm ? TextToSeptets({&unit, 1})->size() : 1;
-        if (length + size > most) {
-            parts.emplace_back();
-            length = 0;
-        }
-        parts.back() += unit;
-        length += size;
-    }
-    return parts;
-}
-
-/// Concatenation with an 8-bit reference.
-std::string PartElement(int reference, size_t total, size_t number) {
-    return Element(0x00, Bytes({reference, static_cast<int>(total), static_cast<int>(number)}));
-}
-
-/// Concatenation with a 16-bit reference.
-std::string WidePartElement(int reference, size_t total, size_t number) {
-    return Element(
-        0x08, Bytes({reference >> 8, reference & 0xff, static_cast<int>(total), static_cast<int>(number)}));
-}
 
 constexpr std::u16string_view trainStory =
     u"Hi! The 7:40 was cancelled, so we took the slow train along the coast instead. Nobody minded: the sea "
@@ -223,7 +236,7 @@ void FillPhone(HandsetContent& content) {
     const auto russian = Parts(russianStory);
     const auto german = Parts(germanStory);
     const auto trainPart = [&](size_t number) {
-        author.Receive(read, mira, train[number - 1], PartElement(0x4d, train.size(), number));
+        author.ReceivePart(read, mira, train, number, PartElement(0x4d, train.parts.size(), number));
     };
 
     author.Receive(read, mira, u"Are we still on for tonight?");
@@ -250,10 +263,10 @@ void FillPhone(HandsetContent& content) {
     author.Skip(1);
 
     // Part 2 of the Russian one never came; the German one was interrupted while it was read.
-    author.Receive(read, nadia, russian[0], PartElement(0x21, russian.size(), 1));
-    author.Receive(read, nadia, russian[2], PartElement(0x21, russian.size(), 3));
-    author.Receive(read, jonas, german[0], PartElement(0x9a, german.size(), 1));
-    author.Receive(unread, jonas, german[1], PartElement(0x9a, german.size(), 2));
+    author.ReceivePart(read, nadia, russian, 1, PartElement(0x21, russian.parts.size(), 1));
+    author.ReceivePart(read, nadia, russian, 3, PartElement(0x21, russian.parts.size(), 3));
+    author.ReceivePart(read, jonas, german, 1, PartElement(0x9a, german.parts.size(), 1));
+    author.ReceivePart(unread, jonas, german, 2, PartElement(0x9a, german.parts.size(), 2));
 
     author.Receive(read, tomas, u"Look, this is our new house!", Element(0x11, Bytes({28}) + House()));
     author.Receive(read, tomas, u"Larger", Element(0x10, Bytes({6}) + LargeHouse()));
@@ -269,8 +282,8 @@ void FillPhone(HandsetContent& content) {
     author.Skip(3);
     author.Write(sent, nadia, u"Спасибо, всё отлично!");
     const auto minutes = Parts(sentStory);
-    for (size_t i = 0; i < minutes.size(); ++i) {
-        author.Write(sent, jonas, minutes[i], PartElement(0x07, minutes.size(), i + 1));
+    for (size_t i = 0; i < minutes.parts.size(); ++i) {
+        author.Write(sent, jonas, minutes.parts[i], PartElement(0x07, minutes.parts.size(), i + 1));
     }
     author.Write(draft, aurelie, u"Chère Aurélie, ");
     author.Write(draft, "", u"Shopping: milk, bread, 2 kg of apples");
@@ -285,9 +298,9 @@ void FillSim(HandsetContent& content) {
     author.Receive(read, jonas, u"Schlüssel liegt beim Nachbarn. Tür klemmt!");
     author.Receive(unread, mira, u"Call me when you're up @ home, it's about the £50");
     author.Skip(1);
-    const auto french = Parts(frenchStory);
-    for (size_t i = french.size(); i > 0; --i) {
-        author.Receive(read, aurelie, french[i - 1], WidePartElement(0x3e07, french.size(), i));
+    const auto french = Parts(frenchStory, true);
+    for (size_t i = french.parts.size(); i > 0; --i) {
+        author.ReceivePart(read, aurelie, french, i, WidePartElement(0x3e07, french.parts.size(), i));
     }
     author.Receive(read, "*100#", u"Credit: 12.40 until 30.06.");
     author.Receive(read, tomas, u"Ok");
@@ -319,7 +332,7 @@ void FillContacts(HandsetContent& content) {
     add(phone, 4, u"Надежда Орлова", nadia);
     add(phone, 7, u"Ελένη", "+15550100216");
     add(phone, 8, u"สมชาย", "+15550100217");
-    add(phone, 9, u"李小龙同学", "+15550100218");
+    add(phone, 9, u"林小雨同学", "+15550100218");
     add(phone, 12, u"ليلى", "+15550100219");
     add(phone, 13, u"Dr. Weißmann (Zahnarzt)", dentist);
     add(phone, 14, u"佐藤さん", "+15550100220");

@@ -1,14 +1,12 @@
-#include "ContactJson.h"
+#include "tarnctl/ContactJson.h"
 
-#include "JsonFields.h"
 #include "phonebook/ContactForm.h"
 #include "phonebook/DesktopVcard.h"
 #include "platform/Text.h"
+#include "tarnctl/JsonFields.h"
 
 namespace tarnbridge {
 namespace {
-
-using nlohmann::json;
 
 struct DetailField {
     const char* name;
@@ -22,7 +20,7 @@ constexpr DetailField detailFields[] = {
 
 constexpr const char* fieldNames[] = {"name", "mobile", "home", "office", "fax", "email", "birthday"};
 
-std::u16string TextIn(const json& object, const char* name, const char* otherwise = "") {
+std::u16string TextIn(const Json& object, const char* name, const char* otherwise = "") {
     return Utf8ToText(object.value(name, otherwise));
 }
 
@@ -32,8 +30,8 @@ std::u16string English(std::string_view key) {
 
 }  // namespace
 
-json ContactToJson(const Contact& contact) {
-    json object = {{"storage", TextToUtf8(contact.storage)},
+Json ContactToJson(const Contact& contact) {
+    Json object = {{"storage", TextToUtf8(contact.storage)},
                    {"index", contact.index},
                    {"name", TextToUtf8(contact.name)},
                    {"nameEncoding", contact.nameEncoding},
@@ -49,7 +47,7 @@ json ContactToJson(const Contact& contact) {
     return object;
 }
 
-bool ContactFromJson(const json& object, Contact& contact, std::string& error) try {
+bool ContactFromJson(const Json& object, Contact& contact, std::string& error) try {
     contact = {};
     contact.SetNameNumber(TextIn(object, "name"), TextIn(object, "number"),
                           static_cast<uint8_t>(NumberIn(object, "nameEncoding", ucs2Name, packedUcs2Name)));
@@ -58,7 +56,7 @@ bool ContactFromJson(const json& object, Contact& contact, std::string& error) t
     for (const DetailField& field : detailFields)
         contact.details.*field.text = TextIn(object, field.name);
     if (object.contains("birthday")) {
-        const json& birthday = object.at("birthday");
+        const Json& birthday = object.at("birthday");
         contact.details.birthday = {static_cast<uint16_t>(NumberIn(birthday, "year", 0, 9999)),
                                     static_cast<uint8_t>(NumberIn(birthday, "month", 0, 12)),
                                     static_cast<uint8_t>(NumberIn(birthday, "day", 0, 31))};
@@ -69,15 +67,15 @@ bool ContactFromJson(const json& object, Contact& contact, std::string& error) t
     return false;
 }
 
-std::vector<json> ImportVcardText(std::string_view utf8) {
-    std::vector<json> objects;
+std::vector<Json> ImportVcardText(std::string_view utf8) {
+    std::vector<Json> objects;
     for (const auto& contact : ImportDesktopVcards(Utf8ToText(utf8)))
         objects.push_back(ContactToJson(*contact));
     return objects;
 }
 
-json CheckContactLine(std::string_view line) try {
-    const json object = json::parse(line, nullptr, false);
+Json CheckContactLine(std::string_view line) try {
+    const Json object = Json::parse(line, nullptr, false);
     if (!object.is_object()) return {{"error", "not a JSON object"}};
     const ContactForm form{TextIn(object, "storage", "PC"), TextIn(object, "name"),
                            TextIn(object, "mobile"),        TextIn(object, "home"),

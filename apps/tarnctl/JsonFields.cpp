@@ -1,4 +1,4 @@
-#include "JsonFields.h"
+#include "tarnctl/JsonFields.h"
 
 #include <stdexcept>
 
@@ -6,7 +6,7 @@
 
 namespace tarnbridge {
 
-int NumberIn(const nlohmann::json& object, const char* name, int otherwise, int largest) {
+int NumberIn(const Json& object, const char* name, int otherwise, int largest) {
     if (!object.is_object()) throw std::invalid_argument(fmt::format("no object holds {}", name));
     if (!object.contains(name)) return otherwise;
     const auto& value = object.at(name);

@@ -1,21 +1,19 @@
-#include "PduJson.h"
+#include "tarnctl/PduJson.h"
 
 #include <charconv>
 #include <stdexcept>
 
 #include <fmt/format.h>
 
-#include "JsonFields.h"
 #include "messaging/ConcatHeader.h"
 #include "messaging/GsmAlphabet.h"
 #include "messaging/JoinParts.h"
 #include "messaging/ReferenceCounters.h"
 #include "platform/Text.h"
+#include "tarnctl/JsonFields.h"
 
 namespace tarnbridge {
 namespace {
-
-using nlohmann::json;
 
 constexpr int largestUserData = 140;  // octets, or 160 septets
 constexpr const char* validityNames[] = {"none", "enhanced", "relative", "absolute"};
@@ -34,7 +32,7 @@ std::string LocalToUtf8(std::string_view local) {
     return TextToUtf8(CodePage::System().ToText(local));
 }
 
-json TimestampToJson(const SmsTimestamp& time) {
+Json TimestampToJson(const SmsTimestamp& time) {
     std::string iso = fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", time.FullYear(), time.month,
                                   time.day, time.hour, time.minute, time.second);
     if (time.zoneMinutes <= 14 * 60)
@@ -51,8 +49,8 @@ json TimestampToJson(const SmsTimestamp& time) {
             {"zonePositive", time.zonePositive != 0}};
 }
 
-json ValidityToJson(const SmsRecord& record) {
-    json validity = {{"format", validityNames[record.validityFormat & 3]}};
+Json ValidityToJson(const SmsRecord& record) {
+    Json validity = {{"format", validityNames[record.validityFormat & 3]}};
     if (record.validityFormat == SmsRecord::relativeValidity)
         validity["relative"] = record.validityRelative & 0xFF;
     else if (record.validityFormat == SmsRecord::absoluteValidity)
@@ -70,15 +68,15 @@ std::string DataOf(const SmsRecord& record) {
     return data;
 }
 
-uint8_t OctetIn(const json& object, const char* name, int largest = 255) {
+uint8_t OctetIn(const Json& object, const char* name, int largest = 255) {
     return static_cast<uint8_t>(NumberIn(object, name, 0, largest));
 }
 
-uint8_t FlagIn(const json& object, const char* name) {
+uint8_t FlagIn(const Json& object, const char* name) {
     return object.value(name, false) ? 1 : 0;
 }
 
-std::string OctetsIn(const json& object, const char* name) {
+std::string OctetsIn(const Json& object, const char* name) {
     const std::string hex = object.value(name, "");
     std::string octets(hex.size() / 2, '\0');
     bool good = hex.size() % 2 == 0;
@@ -92,7 +90,7 @@ std::string OctetsIn(const json& object, const char* name) {
     return octets;
 }
 
-SmsTimestamp TimestampFromJson(const json& object) {
+SmsTimestamp TimestampFromJson(const Json& object) {
     SmsTimestamp time;
     const int year = NumberIn(object, "year", 0, 9999);
     time.year = static_cast<uint16_t>(year < 1900 ? year : year < 2001 ? year - 1900 : year - 2000);
@@ -106,14 +104,14 @@ SmsTimestamp TimestampFromJson(const json& object) {
     return time;
 }
 
-SmsAddress AddressFromJson(const json& object, const std::string& name) {
+SmsAddress AddressFromJson(const Json& object, const std::string& name) {
     const std::string number = CodePage::System().ToBytes(Utf8ToText(object.value(name, "")));
     SmsAddress address(number, NumberIn(object, (name + "Type").c_str(), SmsAddress::unknown, 7));
     address.plan = NumberIn(object, (name + "Plan").c_str(), 1, 15);
     return address;
 }
 
-void ReadValidity(const json& object, SmsRecord& record) {
+void ReadValidity(const Json& object, SmsRecord& record) {
     const std::string format = object.value("format", "none");
     if (format == "relative") {
         record.validityFormat = SmsRecord::relativeValidity;
@@ -126,10 +124,10 @@ void ReadValidity(const json& object, SmsRecord& record) {
     }
 }
 
-void ReadHeader(const json& object, SmsRecord& record) {
+void ReadHeader(const Json& object, SmsRecord& record) {
     record.userDataHeader = OctetsIn(object, "header");
     if (record.userDataHeader.empty() && object.contains("concat")) {
-        const json& concat = object.at("concat");
+        const Json& concat = object.at("concat");
         const int reference = NumberIn(concat, "reference", 0, 0xFFFF);
         std::string element = reference > 0xFF ? std::string("\x08\x04") + static_cast<char>(reference >> 8)
                                                : std::string("\0\x03", 2);
@@ -141,7 +139,7 @@ void ReadHeader(const json& object, SmsRecord& record) {
     record.hasHeader = record.userDataHeader.empty() ? 0 : 1;
 }
 
-void ReadText(const json& object, SmsRecord& record) {
+void ReadText(const Json& object, SmsRecord& record) {
     const std::u16string text = Utf8ToText(object.value("text", ""));
     if (record.dcs == 8) {
         record.text16 = text;
@@ -167,8 +165,8 @@ void CheckLength(const SmsRecord& record) {
 
 }  // namespace
 
-json SmsToJson(const SmsRecord& record) {
-    json object = {{"kind", record.messageType == SmsRecord::deliver ? "deliver" : "submit"},
+Json SmsToJson(const SmsRecord& record) {
+    Json object = {{"kind", record.messageType == SmsRecord::deliver ? "deliver" : "submit"},
                    {"serviceCentre", LocalToUtf8(record.serviceCentre.number)},
                    {"serviceCentreType", record.serviceCentre.type},
                    {"serviceCentrePlan", record.serviceCentre.plan},
@@ -197,7 +195,7 @@ json SmsToJson(const SmsRecord& record) {
     return object;
 }
 
-bool SmsFromJson(const json& object, SmsRecord& record, std::string& error) try {
+bool SmsFromJson(const Json& object, SmsRecord& record, std::string& error) try {
     record = {};
     const std::string kind = object.value("kind", "submit");
     if (kind != "submit" && kind != "deliver")
@@ -225,19 +223,19 @@ bool SmsFromJson(const json& object, SmsRecord& record, std::string& error) try 
     return false;
 }
 
-json DecodePduLine(std::string_view line, Clock& clock) {
+Json DecodePduLine(std::string_view line, Clock& clock) {
     SmsRecord record;
     bool truncated = false;
     if (!record.decode(Trimmed(line), clock, truncated))
         return {{"error", record.messageType > SmsRecord::submit ? "neither SMS-DELIVER nor SMS-SUBMIT"
                                                                  : "a character other than 0-9 and A-F"}};
-    json object = SmsToJson(record);
+    Json object = SmsToJson(record);
     if (truncated) object["truncated"] = true;
     return object;
 }
 
 bool EncodePduLine(std::string_view line, std::string& hexText, std::string& error) {
-    const json object = json::parse(line, nullptr, false);
+    const Json object = Json::parse(line, nullptr, false);
     if (!object.is_object()) {
         error = "not a JSON object";
         return false;
@@ -254,8 +252,8 @@ bool EncodePduLine(std::string_view line, std::string& hexText, std::string& err
     return true;
 }
 
-std::vector<json> JoinPduLines(const std::vector<std::string>& lines, Clock& clock) {
-    std::vector<json> objects;
+std::vector<Json> JoinPduLines(const std::vector<std::string>& lines, Clock& clock) {
+    std::vector<Json> objects;
     SmsRecordList records;
     for (size_t i = 0; i < lines.size(); ++i) {
         auto record = std::make_unique<SmsRecord>();

@@ -94,6 +94,11 @@ bool HandsetLink::ExecFile(std::string_view text, uint32_t timeoutSeconds, const
     return ExecFile(text, timeoutSeconds, result);
 }
 
+int32_t HandsetLink::ChannelMode() {
+    const std::lock_guard guard(lock);
+    return channelMode;
+}
+
 bool HandsetLink::QueryChannelMode() {
     const std::lock_guard guard(lock);
     ATResult result;

@@ -57,6 +57,10 @@ public:
     bool IsPortOpen() const { return portOpen; }
     bool IsSessionReady() const { return sessionReady; }
 
+    /// The handset's channel mode (`+ESUO`) as last known: 3 for files, 4 for all else; other values mean
+    /// that it has no such modes.
+    int32_t ChannelMode();
+
     /// What the handshake learnt. A copy, since another thread may run the next handshake.
     HandsetFeatures Features();
 
@@ -116,6 +120,9 @@ public:
     /// Ends the file transfer that another thread waits for. `breakWait` frees that thread at once, with an
     /// empty result. Takes no lock.
     void StopTransfer(bool breakWait);
+
+    /// Frees the thread whose exchange is under way, at once and with an empty result. Takes no lock.
+    void BreakExchange() { channel_.Cancel(); }
 
     /// Whether StopTransfer has run since the flag was last cleared.
     std::atomic<bool> transferAborted{false};

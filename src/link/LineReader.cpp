@@ -72,11 +72,21 @@ void LineReader::Reset() {
 void LineReader::Feed(std::span<const char> bytes) {
     pending_ = bytes;
     while (!pending_.empty() && !stop_.cancel.IsSet()) {
+        if (state_ == FrameState::Line && !awaitPrompt) TakeRun();
+        if (pending_.empty()) break;
         const char byte = pending_.front();
         pending_ = pending_.subspan(1);
         FeedByte(byte);
     }
     pending_ = {};
+}
+
+/// All bytes up to the end of the line, in one step: most of what comes is the inside of long lines.
+void LineReader::TakeRun() {
+    const auto end = std::find(pending_.begin(), pending_.end(), lineTerminator);
+    const auto length = static_cast<size_t>(end - pending_.begin());
+    lineBuffer.append(pending_.data(), std::min(length, longestLine - lineBuffer.size()));
+    pending_ = pending_.subspan(length);
 }
 
 void LineReader::FeedByte(char byte) {
@@ -95,8 +105,6 @@ void LineReader::FeedByte(char byte) {
             } else if (byte == lineTerminator) {
                 // The second CRLF of a pair is the first of the next line.
                 state_ = lineBuffer.size() < 2 ? FrameState::LineFeed : FrameState::LineEnd;
-            } else if (lineBuffer.size() < longestLine) {
-                lineBuffer.push_back(byte);
             }
             break;
         case FrameState::LineEnd:

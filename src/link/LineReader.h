@@ -87,6 +87,7 @@ public:
 private:
     enum class FrameState { CarriageReturn, LineFeed, Line, LineEnd };
 
+    void TakeRun();
     void FeedByte(char byte);
     bool NextByte(char& byte);
     void RecognisePrompt(char byte);

@@ -16,6 +16,8 @@ public:
 private:
     char At(size_t position) const { return position < line_.size() ? line_[position] : '\0'; }
 
+    void TakeRun();
+    size_t FindQuote(size_t begin) const;
     bool ReadQuoted();
     void ReadParenthesised();
     void ParseParenthesised(ATParam& field);
@@ -70,14 +72,36 @@ bool Walk::Run() {
         if (restart_) out_.token.clear();
         restart_ = false;
         out_.token.push_back(c);
+        TakeRun();
     }
     return false;
 }
 
+/// Letters and digits mean nothing but themselves.
+void Walk::TakeRun() {
+    const auto isPlain = [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    };
+    const size_t begin = position_ + 1;
+    size_t end = begin;
+    while (end < line_.size() && isPlain(line_[end]))
+        ++end;
+    out_.token.append(line_.substr(begin, end - begin));
+    position_ = end - 1;
+}
+
+/// The position of the quote that ends a text; where the line ends, or its zero byte, without one.
+size_t Walk::FindQuote(size_t begin) const {
+    const size_t quote = line_.find('"', begin);
+    const size_t limit = std::min(quote, line_.size());
+    const size_t zero = line_.substr(0, limit).find('\0', begin);
+    return zero == std::string_view::npos ? limit : zero;
+}
+
 bool Walk::ReadQuoted() {
     const size_t begin = position_ + 1;
-    const size_t end = line_.find_first_of(std::string_view("\"\0", 2), begin);
-    if (end == std::string_view::npos || line_[end] != '"') return false;
+    const size_t end = FindQuote(begin);
+    if (At(end) != '"') return false;
     out_.token.assign(line_.substr(begin, end - begin));
     out_.emptyQuoted |= out_.token.empty();
     out_.quoted = true;
@@ -110,9 +134,9 @@ void Walk::ParseParenthesised(ATParam& field) {
             case '\0':
                 return;
             case '"': {
-                const size_t end = line_.find_first_of(std::string_view("\"\0", 2), position_ + 1);
-                if (end == std::string_view::npos || line_[end] != '"') {
-                    position_ = std::min(end, line_.size());
+                const size_t end = FindQuote(position_ + 1);
+                if (At(end) != '"') {
+                    position_ = end;
                     return;
                 }
                 token.assign(line_.substr(position_ + 1, end - position_ - 1));

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "PduJson.h"
 #include "support/ManualClock.h"
+#include "tarnctl/PduJson.h"
 
 namespace tarnbridge {
 namespace {
 
-using nlohmann::json;
+using json = nlohmann::json;
 
 std::string Encoded(const json& object) {
     std::string hex;
@@ -84,7 +84,7 @@ TEST(PduJson, JoinsLines) {
     ASSERT_EQ(joined.size(), 2u);
     EXPECT_EQ(joined[0]["line"], 2);
     EXPECT_EQ(joined[1]["text"], "AB");
-    EXPECT_EQ(joined[1]["parts"], json({3, 1}));
+    EXPECT_EQ(joined[1]["parts"].get<std::vector<int>>(), (std::vector<int>{3, 1}));
 }
 
 }  // namespace

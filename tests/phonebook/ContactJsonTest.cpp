@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "ContactJson.h"
+#include "tarnctl/ContactJson.h"
 
 namespace tarnbridge {
 namespace {
 
-using nlohmann::json;
+using json = nlohmann::json;
 
 TEST(ContactJson, ComesBackAsItWas) {
     const json object = json::parse(R"({"storage": "ME", "index": 7, "name": "\u5927 A", "nameEncoding": 1,

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "link/HandsetLink.h"
+#include "platform/Clock.h"
+#include "platform/EntryStore.h"
+#include "platform/PortMap.h"
+#include "platform/TerminationSignal.h"
+#include "tarnctl/Command.h"
+
+namespace tarnbridge {
+
+/// The handset for one run of a command: the port opened, the session made, and at the end both handed back.
+/// Ctrl-C breaks off the exchange under way; the command looks at Cancelled between two steps.
+class Connection {
+public:
+    explicit Connection(const GlobalOptions& options);
+    ~Connection();
+
+    /// Opens the port and makes the session. When that fails the user has been told why.
+    bool Open();
+
+    HandsetLink& Link() { return link_; }
+    bool Cancelled() const { return cancelled_; }
+
+    /// What stands behind the port: a device path, or the name under which it was asked for.
+    const std::string& Device() const { return device_; }
+    LinkKind Kind() const { return kind_; }
+
+private:
+    bool OpenPort();
+    void WatchForCancel();
+
+    const GlobalOptions options_;
+    TerminationSignal signal_;
+    Event ended_{ResetMode::Manual};
+    std::atomic<bool> cancelled_{false};
+    const std::unique_ptr<EntryStore> store_ = OpenUserStore();
+    PortMap ports_{*store_};
+    SystemClock clock_;
+    std::string device_;
+    LinkKind kind_ = LinkKind::Other;
+    HandsetLink link_;
+    Thread watcher_;
+};
+
+/// Why a port couldn't be opened, and what can be done about it, as one line.
+std::string ExplainOpenFailure(const SerialOpenFailure& failure);
+
+/// Why an exchange gave no result or an error: the handset's number where there is one.
+std::string ExplainResult(const ATResult& result);
+
+}  // namespace tarnbridge

@@ -1,0 +1,111 @@
+// sms raw-list.
+
+#include <fmt/format.h>
+
+#include "tarnctl/Command.h"
+#include "tarnctl/Connection.h"
+#include "tarnctl/Output.h"
+
+namespace tarnbridge {
+namespace {
+
+constexpr int32_t emptyLocation = 321;  // 3GPP TS 27.005 clause 3.2.5: invalid memory index
+
+/// One `AT+CPMS` exchange; gives its response line, without a line if it failed.
+ATResult AskMemory(HandsetLink& link, const std::string& arguments) {
+    ATResult result;
+    result.prefix = "+CPMS";
+    if (!link.ExecCheckOk(fmt::format("AT+CPMS{}\r", arguments), link.commandTimeout, result, true))
+        result.lines.clear();
+    return result;
+}
+
+/// The memories in use before, to be put back.
+std::string SelectedMemories(HandsetLink& link) {
+    const ATResult result = AskMemory(link, "?");
+    std::string arguments;
+    std::string name;
+    for (int field = 1; field <= 7; field += 3) {
+        if (!result.GetString(name, 0, field)) return {};
+        arguments += fmt::format("{}\"{}\"", arguments.empty() ? "=" : ", ", name);
+    }
+    return arguments;
+}
+
+/// Reads one location. True when it could be read or is empty.
+bool ReadLocation(HandsetLink& link, const std::string& memory, int location, bool json, ATResult& result) {
+    result = ATResult();
+    result.prefix = "+CMGR";
+    const bool answered =
+        link.ExecCommand(fmt::format("AT+CMGR={}\r", location), link.commandTimeout, true, result);
+    if (!answered) return false;
+    if (result.ErrorNumber() == emptyLocation) return true;
+    if (!result.HasPrefix("+CMGR")) return result.IsOk();
+    const ATLine& line = result.lines[0];
+    const int32_t stat = result.GetNumber(0, 1);
+    const std::string& pdu = line.back().text;
+    if (json) {
+        PrintRecord({{"memory", memory}, {"location", location}, {"stat", stat}, {"pdu", pdu}});
+    } else {
+        PrintLine(fmt::format("{} {:>3} stat {} {}", memory, location, stat, pdu));
+    }
+    return true;
+}
+
+/// The handset numbers the locations of "SM" first, whichever memory is selected.
+ExitCode ListLocations(Connection& connection, const std::string& memory, bool json) {
+    HandsetLink& link = connection.Link();
+    int32_t offset = 0;
+    if (memory != "SM" && link.Features().hasSimMemory) offset = AskMemory(link, "=\"SM\"").GetNumber(0, 2);
+    const ATResult selected = AskMemory(link, fmt::format("=\"{0}\", \"{0}\", \"{0}\"", memory));
+    const int32_t total = selected.GetNumber(0, 2);
+    if (total < 0 || offset < 0) {
+        PrintWords(fmt::format("the memory {} can't be selected", memory));
+        return OperationFailed;
+    }
+    ExitCode code = Done;
+    ProgressLine progress;
+    for (int32_t i = 1; i <= total; ++i) {
+        if (connection.Cancelled()) {
+            PrintWords("cancelled");
+            return OperationFailed;
+        }
+        progress.Show(fmt::format("Reading {} {} of {}", memory, i, total));
+        ATResult result;
+        if (ReadLocation(link, memory, offset + i, json, result)) continue;
+        PrintWords(fmt::format("{} {}: {}", memory, offset + i,
+                               connection.Cancelled() ? "cancelled" : ExplainResult(result)));
+        code = OperationFailed;
+        // Without an answer there is no point in asking on; an error holds for its location alone.
+        if (result.lines.empty()) break;
+    }
+    return code;
+}
+
+ExitCode RawList(const GlobalOptions& options, const std::string& memory) {
+    Connection connection(options);
+    if (!connection.Open()) return NoLink;
+    const std::string before = SelectedMemories(connection.Link());
+    const ExitCode code = ListLocations(connection, memory, options.json);
+    if (!before.empty()) AskMemory(connection.Link(), before);
+    return code;
+}
+
+}  // namespace
+
+void AddSmsCommands(CLI::App& app, Action& chosen) {
+    CLI::App* sms = app.add_subcommand("sms", "Short messages");
+    sms->require_subcommand(1);
+    const auto memory = std::make_shared<std::string>();
+    CLI::App* rawList =
+        sms->add_subcommand("raw-list", "Print state and PDU of every used location of a memory");
+    rawList->footer("Reading an unread message makes it a read one, as on the handset itself.");
+    rawList->add_option("--memory", *memory, "SM for the SIM, ME for the handset")
+        ->required()
+        ->check(CLI::IsMember({"SM", "ME"}));
+    rawList->callback([&chosen, memory] {
+        chosen = [memory](const GlobalOptions& global) { return RawList(global, *memory); };
+    });
+}
+
+}  // namespace tarnbridge

@@ -1,0 +1,51 @@
+#include <map>
+
+#include "tarnctl/Command.h"
+
+using namespace tarnbridge;
+
+namespace {
+
+constexpr const char* footer =
+    R"(Exit codes: 0 done, 1 the operation failed, 2 wrong usage, 3 no link to the handset.
+Data goes to the standard output, words to the standard error.)";
+
+void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
+    const std::map<std::string, FlowControl> flows = {{"none", FlowControl::None},
+                                                      {"hardware", FlowControl::Hardware},
+                                                      {"software", FlowControl::Software}};
+    app.add_option("--port", options.port,
+                   "The serial port, a device path or COM7 as 'tarnctl ports' lists them; by default the one "
+                   "that the "
+                   "settings name")
+        ->type_name("NAME");
+    app.add_option("--baud", options.baudRate, "Its baud rate")->type_name("N")->capture_default_str();
+    app.add_option("--flow", options.flowControl, "Its flow control: none, hardware or software")
+        ->type_name("MODE")
+        ->transform(CLI::CheckedTransformer(flows).description(""))
+        ->default_str("none");
+    app.add_flag("--json", options.json, "One JSON object a line for each record, and nothing else");
+    app.add_flag("--trace", options.trace, "Show what passes over the wire, one exchange a line");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    GlobalOptions options;
+    Action chosen;
+    CLI::App app("Reads and keeps what is on a feature phone, over AT commands on a serial port.", "tarnctl");
+    app.footer(footer);
+    app.set_version_flag("--version", "tarnctl " TARNBRIDGE_VERSION);
+    app.require_subcommand(1);
+    app.fallthrough();
+    AddGlobalOptions(app, options);
+    AddLinkCommands(app, chosen);
+    AddTextCommands(app, chosen);
+    AddSmsCommands(app, chosen);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? Done : WrongUsage;
+    }
+    return chosen(options);
+}
