@@ -77,10 +77,9 @@ TEST(PduJson, EncodesWithDefaultsAndRefuses) {
 
 TEST(PduJson, JoinsLines) {
     test::ManualClock clock;
-    const std::vector<json> joined =
-        JoinPduLines({"00440B911316325476F8000870807041205182080500030A02020042", "bad",
-                      "00440B911316325476F8000870807041205182080500030A02010041"},
-                     clock);
+    const auto joined = JoinPduLines({"00440B911316325476F8000870807041205182080500030A02020042", "bad",
+                                      "00440B911316325476F8000870807041205182080500030A02010041"},
+                                     clock);
     ASSERT_EQ(joined.size(), 2u);
     EXPECT_EQ(joined[0]["line"], 2);
     EXPECT_EQ(joined[1]["text"], "AB");
