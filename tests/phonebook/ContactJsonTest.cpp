@@ -25,7 +25,7 @@ TEST(ContactJson, ImportsAndChecks) {
     EXPECT_EQ(imported[0]["name"], "\xE5\xA4\xA7");
     EXPECT_FALSE(imported[0].contains("birthday"));
 
-    EXPECT_EQ(CheckContactLine(R"({"name": "Ann"})"), json({{"ok", true}}));
+    EXPECT_EQ(CheckContactLine(R"({"name": "Ann"})").dump(), R"({"ok":true})");
     EXPECT_EQ(CheckContactLine(R"({"name": "Ann", "email": "x"})")["field"], "email");
     EXPECT_EQ(CheckContactLine(R"({"name": "12345678", "storage": "SM", "textLength": 7})")["field"], "name");
     for (const char* const bad : {"[]", "{", R"({"name": 1})", R"({"storage": "MT"})"})
