@@ -1,5 +1,6 @@
 #include "messaging/GsmAlphabet.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -83,29 +84,41 @@ bool IsGsmExtension(char16_t unit) {
 
 std::string ToGsmAlphabet(std::string_view local) {
     std::string gsm(local);
-    for (char& c : gsm)
-        c = writingMap[static_cast<uint8_t>(c)];
+    ToGsmAlphabet(std::span<char>(gsm));
     return gsm;
+}
+
+void ToGsmAlphabet(std::span<char> text) {
+    for (char& c : text)
+        c = writingMap[static_cast<uint8_t>(c)];
 }
 
 std::string FromGsmAlphabet(std::string_view gsm) {
     std::string local(gsm);
-    for (char& c : local)
+    FromGsmAlphabet(std::span<char>(local));
+    return local;
+}
+
+void FromGsmAlphabet(std::span<char> text) {
+    const size_t firstEscape = std::string_view(text.data(), text.size()).find(gsmEscape);
+    const size_t plain = std::min(firstEscape, text.size());
+    for (char& c : text.first(plain))
         c = readingMap[static_cast<uint8_t>(c)];
     bool escaped = false;
-    for (size_t i = gsm.find(gsmEscape); i < gsm.size(); ++i) {
-        if (gsm[i] == gsmEscape) {
+    for (char& c : text.subspan(plain)) {
+        const char code = c;
+        c = readingMap[static_cast<uint8_t>(code)];
+        if (code == gsmEscape) {
             escaped = true;
         } else if (escaped) {
             for (const ExtensionPair& pair : extensionPairs) {
-                if (pair.gsm != gsm[i]) continue;
-                local[i] = pair.local;
+                if (pair.gsm != code) continue;
+                c = pair.local;
                 escaped = false;
                 break;
             }
         }
     }
-    return local;
 }
 
 }  // namespace tarnbridge

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,11 @@ bool IsGsmExtension(char16_t unit);
 /// characters without gsmEscape in front goes out as the letter of the same code. Accented letters are
 /// folded, what has no place becomes 0x5F.
 std::string ToGsmAlphabet(std::string_view local);
+void ToGsmAlphabet(std::span<char> text);
 
 /// The GSM default alphabet to local 8-bit text, a byte each. Escapes are kept. One that isn't followed by an
 /// extension character stays in force until one comes. A byte above 127 and a Greek letter become `_`.
 std::string FromGsmAlphabet(std::string_view gsm);
+void FromGsmAlphabet(std::span<char> text);
 
 }  // namespace tarnbridge

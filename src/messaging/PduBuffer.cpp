@@ -138,9 +138,14 @@ void PduBuffer::putSeptets(std::string_view text) {
 }
 
 std::string PduBuffer::getSeptets(int count) {
+    std::string septets(count < 1 || count > 512 ? 0 : count, '\0');
+    getSeptets(std::span<char>(septets));
+    return septets;
+}
+
+void PduBuffer::getSeptets(std::span<char> septets) {
     alignToSeptet();
-    if (count < 1 || count > 512) return {};
-    std::string septets(count, '\0');
+    const int count = static_cast<int>(septets.size());
     const int start = BitPosition();
     const auto octet = [this](int place) -> unsigned { return place < end_ ? bytes_[place] : 0u; };
     int i = 0;
@@ -157,7 +162,6 @@ std::string PduBuffer::getSeptets(int count) {
     const int stop = start + count * 7;
     if (stop > end_ * 8) overrun_ = true;
     SetBitPosition(stop);
-    return septets;
 }
 
 void PduBuffer::putAddressDigits(std::string_view digits) {

@@ -43,6 +43,8 @@ public:
     void putSeptets(std::string_view text);
     /// Aligns to a septet, then gives `count` septets, each as a byte. A count outside 1 to 512 gives none.
     std::string getSeptets(int count);
+    /// The same into an area of as many bytes.
+    void getSeptets(std::span<char> septets);
 
     /// Semi-octets, the first digit in the low half; an odd count is filled up with 15. `*`, `#`, `p`, `w`
     /// and

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "messaging/GsmAlphabet.h"
 #include "messaging/PduBuffer.h"
@@ -52,16 +53,6 @@ int HeaderSeptets(int length) {
     return (length * 8 + 14) / 7;
 }
 
-std::string ToNetworkOrder(std::u16string_view text) {
-    std::string octets;
-    octets.reserve(text.size() * 2);
-    for (const char16_t unit : text) {
-        octets.push_back(static_cast<char>(unit >> 8));
-        octets.push_back(static_cast<char>(unit & 0xFF));
-    }
-    return octets;
-}
-
 /// Units up to the first zero; an odd last octet is the high half of its unit.
 void FromNetworkOrder(std::string_view octets, std::u16string& text) {
     for (size_t i = 0; i < octets.size(); i += 2) {
@@ -91,24 +82,25 @@ int CodingOf(uint8_t dcsOctet) {
 
 SmsRecord::Payload SmsRecord::TakePayload(const CodePage& page) {
     if (rawParts.size() == 1) {
-        std::string_view part = rawParts.front();
+        const std::string_view part = rawParts.front();
         // A record that was read and not yet edited has no EmsMessage; what was received then decides.
         const bool withHeader = emsMessage ? emsMessage.HasHeader() : hasHeader != 0;
-        if (!withHeader || part.empty()) return {{}, std::string(part)};
+        if (!withHeader || part.empty()) return {{}, part, false, {}};
         const size_t length = std::min<size_t>(static_cast<uint8_t>(part.front()), part.size() - 1);
         userDataHeader = part.substr(1, length);
-        return {userDataHeader, std::string(part.substr(1 + length))};
+        return {userDataHeader, part.substr(1 + length), false, {}};
     }
     const std::string_view header = std::string_view(userDataHeader).substr(0, 255);
-    if (dcs != 8) return {header, text8};
-    if (!text16.empty()) return {header, ToNetworkOrder(text16)};
-    return {header, ToNetworkOrder(page.ToText(text8).substr(0, 256))};
+    if (dcs != 8) return {header, text8, false, {}};
+    if (!text16.empty()) return {header, {}, true, {}};
+    return {header, {}, false, page.ToText(text8).substr(0, 256)};
 }
 
 void SmsRecord::WriteUserData(PduBuffer& buffer, const Payload& payload) const {
     const bool septets = IsSeptetCoding(dcs);
     const int headerLength = static_cast<int>(payload.header.size());
-    int length = static_cast<int>(payload.body.size());
+    const std::u16string_view units = payload.isText16 ? text16 : payload.converted;
+    int length = static_cast<int>(payload.bytes.size() + units.size() * 2);
     if (headerLength != 0) length += septets ? HeaderSeptets(headerLength) : headerLength + 1;
     buffer.putOctet(static_cast<uint8_t>(length));
     buffer.markUserData();
@@ -116,10 +108,19 @@ void SmsRecord::WriteUserData(PduBuffer& buffer, const Payload& payload) const {
         buffer.putOctet(static_cast<uint8_t>(headerLength));
         buffer.putOctets(payload.header);
     }
-    if (septets)
-        buffer.putSeptets(ToGsmAlphabet(payload.body));
-    else
-        buffer.putOctets(payload.body);
+    if (septets) {
+        std::array<char, PduBuffer::capacity * 8 / 7> area;
+        const std::span<char> text = std::span(area).first(std::min(payload.bytes.size(), area.size()));
+        std::copy_n(payload.bytes.begin(), text.size(), text.begin());
+        ToGsmAlphabet(text);
+        buffer.putSeptets({text.data(), text.size()});
+    } else {
+        buffer.putOctets(payload.bytes);
+        for (const char16_t unit : units) {
+            buffer.putOctet(static_cast<uint8_t>(unit >> 8));
+            buffer.putOctet(static_cast<uint8_t>(unit));
+        }
+    }
 }
 
 void SmsRecord::encodeSubmit(std::string& hexText, const CodePage& page) {
@@ -246,17 +247,21 @@ void SmsRecord::ReadUserData(PduBuffer& buffer) {
         if (count < 0) count = length;
     }
 
-    std::string area;
+    std::array<char, 256> area;
+    const std::span<char> received = std::span(area).first(count);
+    const std::string_view text(received.data(), received.size());
     if (dcs == 0) {
-        area = FromGsmAlphabet(buffer.getSeptets(count));
-        text8 = area;
+        if (count > 0) buffer.getSeptets(received);
+        FromGsmAlphabet(received);
+        text8 = text;
     } else {
-        area.resize(count);
-        buffer.getOctets(area);
-        if (dcs == 8)
-            FromNetworkOrder(area, text16);
-        else
-            text8 = FromGsmAlphabet(std::string_view(area).substr(0, area.find('\0')));
+        buffer.getOctets(received);
+        if (dcs == 8) {
+            FromNetworkOrder(text, text16);
+        } else {
+            text8 = text.substr(0, text.find('\0'));
+            FromGsmAlphabet(std::span<char>(text8));
+        }
     }
 
     rawParts.resize(1);
@@ -266,7 +271,7 @@ void SmsRecord::ReadUserData(PduBuffer& buffer) {
         part.push_back(static_cast<char>(userDataHeader.size()));
         part += userDataHeader;
     }
-    part += area;
+    part += text;
 }
 
 }  // namespace tarnbridge

@@ -108,10 +108,12 @@ public:
     std::array<uint8_t, 23> partDcs{};  ///< codings handed to the EMS reader
 
 private:
-    /// Header and body of the one PDU that is written.
+    /// Header and body of the one PDU that is written, without copies of what the record holds.
     struct Payload {
         std::string_view header;
-        std::string body;
+        std::string_view bytes;
+        bool isText16 = false;     ///< the body is text16,
+        std::u16string converted;  ///< or else it is text8 as units, after the bytes
     };
 
     Payload TakePayload(const CodePage& page);
