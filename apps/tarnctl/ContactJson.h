@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "phonebook/Contact.h"
+#include "tarnctl/Output.h"
+
+namespace tarnbridge {
+
+/// A contact as the JSON object of the `vcard` verbs. A date that isn't set is left out.
+Json ContactToJson(const Contact& contact);
+
+/// The reverse. False, with the reason in `error`, if a field has the wrong type or an impossible value. No
+/// field is required.
+bool ContactFromJson(const Json& object, Contact& contact, std::string& error);
+
+/// `vcard import`: an object for each contact of a text in UTF-8.
+std::vector<Json> ImportVcardText(std::string_view utf8);
+
+/// A line of `contact check`: an object with `storage` ("SM", "ME" or "PC"), `name`, `mobile`, `home`,
+/// `office`, `fax`, `email` and `birthday` (day/month/year) as they are typed, and for a handset `textLength`
+/// and `hasPackedUcs2`. Gives `{"ok": true}`, or `field` and `words` of the first failure, or `error`.
+Json CheckContactLine(std::string_view line);
+
+}  // namespace tarnbridge

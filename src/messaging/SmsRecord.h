@@ -1,0 +1,124 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "link/HandsetRecord.h"
+#include "messaging/EmsHandle.h"
+#include "messaging/SmsAddress.h"
+#include "messaging/SmsTimestamp.h"
+#include "platform/Clock.h"
+#include "platform/CodePage.h"
+
+namespace tarnbridge {
+
+/// The status of a message. 4 and 5 are private kinds of the handset.
+enum SmsStatus : int {
+    smsUnread = 0,
+    smsRead = 1,
+    smsDraft = 2,
+    smsSent = 3,
+    smsSentFromHere = 6,
+    smsComposed = 7,
+    smsOutbox = 8,
+};
+
+/// The status that the number `stat` of a read message stands for.
+int StatusOfStat(int stat);
+
+/// TP-DCS (3GPP TS 23.038, clause 4) as the coding alone: 0 GSM alphabet, 4 8-bit data, 8 UCS2.
+int CodingOf(uint8_t dcsOctet);
+
+/// Whether the text of this coding is packed in septets: 0, and 16, which differs from it in TP-DCS alone.
+inline bool IsSeptetCoding(int dcs) {
+    return dcs == 0 || dcs == 16;
+}
+
+/// One message as the program holds it; a message of several parts is one record. Fields hold what was
+/// received, checked by nobody. No locks: a record belongs to one thread at a time.
+class SmsRecord : public HandsetRecord {
+public:
+    static constexpr int deliver = 0;
+    static constexpr int submit = 1;
+    static constexpr int relativeValidity = 2;
+    static constexpr int absoluteValidity = 3;
+
+    /// Fills hexText with an SMS-SUBMIT TPDU and an empty TP-SCA in front, in upper-case hexadecimal, and
+    /// sets what it wrote in the record: type, service centre, statusReport and replyPath 0. messageReference
+    /// becomes the process's counter before it was moved on; the PDU holds the number after that. What
+    /// doesn't fit in 512 octets is left out.
+    void encodeSubmit(std::string& hexText, const CodePage& page = CodePage::System());
+
+    /// The same with an SMS-DELIVER TPDU, service centre and time as they stand. Without a header, replyPath
+    /// goes out in bit 6 of the first octet: the bit of the header indicator isn't written at all then.
+    void encodeDeliver(std::string& hexText, const CodePage& page = CodePage::System());
+
+    /// Fills the record from an SMS-DELIVER or SMS-SUBMIT TPDU with its TP-SCA in front. False on a character
+    /// other than 0-9 and A-F, with nothing changed, and on another type of message, with messageType
+    /// changed. What a PDU that ends early lacks reads as zero bits, and `truncated` says so. A SUBMIT takes
+    /// both of its times from the clock, unless it holds one. The EmsMessage isn't touched.
+    bool decode(std::string_view hexText, Clock& clock, bool& truncated);
+    bool decode(std::string_view hexText);
+
+    /// Octets of the encoded TP-SCA: what the length in +CMGS and +CMGW doesn't count.
+    int serviceCentreLength() const;
+
+    /// The text in either form, out of the one that is in use.
+    std::string TextAsBytes(const CodePage& page = CodePage::System()) const;
+    std::u16string TextAsWide(const CodePage& page = CodePage::System()) const;
+
+    /// The key under which the parts of one message are found: the octets reference, kind, total and
+    /// sequence, the first one lowest. Kind is 1 for a message that was read, else 2, or with a wide
+    /// reference its low octet. Nothing if the header has no concatenation element that counts.
+    std::optional<uint32_t> ConcatKey() const;
+
+    /// Appends the first location, the first raw part and the text of a later part. False, with nothing done,
+    /// if it has no location.
+    bool MergeFrom(const SmsRecord& other, const CodePage& page = CodePage::System());
+
+    std::vector<int> handsetIndices;  ///< places on the handset, in part order
+    std::string text8;                ///< local 8-bit text, while dcs isn't 8
+    std::u16string text16;            ///< the text while dcs is 8
+    std::string userDataHeader;       ///< of a single PDU, without its length octet
+    std::u16string storage;           ///< "SM", "ME" or "MT"
+    int status = smsUnread;
+    SmsAddress serviceCentre;
+    SmsAddress address;
+    SmsTimestamp timestamp;
+    SmsTimestamp validityTime;  ///< absolute TP-VP
+    int messageType = deliver;  ///< TP-MTI
+    uint8_t rejectDuplicates = 0;
+    uint8_t replyPath = 0;
+    uint8_t statusReport = 0;
+    uint8_t messageReference = 0;
+    uint8_t protocolId = 0;
+    int validityFormat = 0;         ///< TP-VPF: 0, relativeValidity or absoluteValidity
+    int dcs = 0;                    ///< 0, 4 or 8; 16 is 0 with class 0
+    uint16_t validityRelative = 0;  ///< TP-VP, in the low byte
+    uint8_t moreMessages = 0;
+    uint8_t hasHeader = 0;
+    /// The user data of each PDU: where hasHeader, the header's length octet and the header, then the text
+    /// bytes, which are local 8-bit text for dcs 0 and octets as received for all else.
+    std::vector<std::string> rawParts;
+    EmsHandle emsMessage;
+    std::array<uint8_t, 23> partDcs{};  ///< codings handed to the EMS reader
+
+private:
+    /// Header and body of the one PDU that is written, without copies of what the record holds.
+    struct Payload {
+        std::string_view header;
+        std::string_view bytes;
+        bool isText16 = false;     ///< the body is text16,
+        std::u16string converted;  ///< or else it is text8 as units, after the bytes
+    };
+
+    Payload TakePayload(const CodePage& page);
+    void WriteUserData(PduBuffer& buffer, const Payload& payload) const;
+    void ReadUserData(PduBuffer& buffer);
+};
+
+}  // namespace tarnbridge

@@ -1,0 +1,90 @@
+#include "messaging/SmsTimestamp.h"
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+
+#include <fmt/format.h>
+
+namespace tarnbridge {
+
+SmsTimestamp SmsTimestamp::FromLocal(const LocalTime& local) {
+    SmsTimestamp time;
+    const int year = local.year - 1900;
+    time.year = static_cast<uint16_t>(year > 100 ? year - 100 : year);
+    time.month = static_cast<uint8_t>(local.month);
+    time.day = static_cast<uint8_t>(local.day);
+    time.hour = static_cast<uint8_t>(local.hour);
+    time.minute = static_cast<uint8_t>(local.minute);
+    time.second = static_cast<uint8_t>(local.second);
+    time.zoneMinutes = static_cast<uint16_t>(std::abs(local.minutesEastOfUtc));
+    time.zonePositive = local.minutesEastOfUtc >= 0 ? 1 : 0;
+    return time;
+}
+
+SmsTimestamp SmsTimestamp::FromText(std::string_view text, int minutesEastOfUtc) {
+    std::array<int, 6> fields{};
+    constexpr std::string_view separators = "// ::";
+    for (size_t i = 0; i < fields.size(); ++i) {
+        text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+        const auto [stop, failure] = std::from_chars(text.data(), text.data() + text.size(), fields[i]);
+        if (failure != std::errc()) break;
+        text.remove_prefix(stop - text.data());
+        if (i == separators.size() || separators[i] == ' ') continue;
+        if (!text.starts_with(separators[i])) break;
+        text.remove_prefix(1);
+    }
+    SmsTimestamp time;
+    time.year = static_cast<uint16_t>(static_cast<unsigned>(fields[0]) - 1900);
+    time.month = static_cast<uint8_t>(fields[1]);
+    time.day = static_cast<uint8_t>(fields[2]);
+    time.hour = static_cast<uint8_t>(fields[3]);
+    time.minute = static_cast<uint8_t>(fields[4]);
+    time.second = static_cast<uint8_t>(fields[5]);
+    time.zoneMinutes = static_cast<uint16_t>(-minutesEastOfUtc);
+    return time;
+}
+
+SmsTimestamp SmsTimestamp::Read(PduBuffer& buffer) {
+    SmsTimestamp time;
+    time.year = static_cast<uint16_t>(buffer.getBcd(2));
+    for (uint8_t* const field : {&time.month, &time.day, &time.hour, &time.minute, &time.second})
+        *field = static_cast<uint8_t>(buffer.getBcd(2));
+    bool positive = true;
+    time.zoneMinutes = static_cast<uint16_t>(buffer.getZone(positive) * 15);
+    time.zonePositive = positive ? 1 : 0;
+    return time;
+}
+
+void SmsTimestamp::Write(PduBuffer& buffer) const {
+    for (const unsigned field :
+         {unsigned{year}, unsigned{month}, unsigned{day}, unsigned{hour}, unsigned{minute}, unsigned{second}})
+        buffer.putBcdValue(field, 2);
+    buffer.putZone(zoneMinutes / 15u, zonePositive != 0);
+}
+
+std::tm SmsTimestamp::ToCalendar() const {
+    std::tm calendar{};
+    calendar.tm_year = FullYear() - 1900;
+    calendar.tm_mon = month == 0 ? 0 : month - 1;
+    calendar.tm_mday = day;
+    calendar.tm_hour = hour;
+    calendar.tm_min = minute;
+    calendar.tm_sec = second;
+    return calendar;
+}
+
+std::string SmsTimestamp::ToText() const {
+    // Fields that no clock shows aren't for the C library.
+    if (month > 12 || day > 31 || hour > 23 || minute > 59 || second > 60) return ToFileText();
+    const std::tm calendar = ToCalendar();
+    std::array<char, 128> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y/%m/%d %X", &calendar)};
+}
+
+std::string SmsTimestamp::ToFileText() const {
+    return fmt::format("{:04}/{:02}/{:02} {:02}:{:02}:{:02}", FullYear(), month == 0 ? 1 : month, day, hour,
+                       minute, second);
+}
+
+}  // namespace tarnbridge

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include "messaging/GsmAlphabet.h"
+#include "messaging/PduBuffer.h"
+
+namespace tarnbridge {
+namespace {
+
+PduBuffer Reader(std::string_view octets) {
+    return PduBuffer({reinterpret_cast<const uint8_t*>(octets.data()), octets.size()});
+}
+
+TEST(PduBuffer, BitsRunUpwardAndOctetsAlign) {
+    PduBuffer buffer;
+    buffer.putBits(1, 2);
+    buffer.putBit(true);
+    buffer.putBits(2, 2);
+    buffer.putOctet(0xA5);
+    buffer.putBit(true);
+    EXPECT_EQ(buffer.octetCount(), 3);
+    EXPECT_EQ(buffer.toHex(), "15A501");
+}
+
+TEST(PduBuffer, SeptetsPackAndUnpackAtEveryOffsetAndLength) {
+    PduBuffer known;
+    known.putSeptets("hellohello");
+    EXPECT_EQ(known.toHex(), "E8329BFD4697D9EC37");
+
+    for (int headerLength = 0; headerLength < 16; ++headerLength) {
+        for (int count = 1; count < 40; ++count) {
+            std::string text;
+            for (int i = 0; i < count; ++i)
+                text.push_back(static_cast<char>(127 - (i * 37 + headerLength) % 128));
+            PduBuffer writer;
+            writer.putOctet(0x77);
+            writer.markUserData();
+            writer.putOctets(std::string(headerLength, '\x5A'));
+            writer.putSeptets(text);
+            const size_t bits = (headerLength * 8u + 6) / 7 * 7 + count * 7u;
+            const std::string hex = writer.toHex();
+            ASSERT_EQ(hex.size() / 2, 1 + (bits + 7) / 8) << headerLength << ' ' << count;
+
+            std::string octets;
+            for (size_t i = 0; i < hex.size(); i += 2)
+                octets.push_back(static_cast<char>(std::stoi(hex.substr(i, 2), nullptr, 16)));
+            PduBuffer reader = Reader(octets);
+            reader.getOctet();
+            reader.markUserData();
+            std::string header(headerLength, '\0');
+            reader.getOctets(header);
+            EXPECT_EQ(reader.getSeptets(count), text) << headerLength;
+            EXPECT_FALSE(reader.overrun());
+        }
+    }
+}
+
+TEST(PduBuffer, EndsAreSilent) {
+    PduBuffer full;
+    full.putOctets(std::string(511, 'x'));
+    full.putSeptets("abc");
+    full.putBits(0xFFFF, 16);
+    full.putZone(79, false);
+    EXPECT_EQ(full.octetCount(), 512);
+
+    PduBuffer reader = Reader("\x01\xFF");
+    EXPECT_EQ(reader.getBits(12), 0xF01u);
+    EXPECT_FALSE(reader.overrun());
+    EXPECT_EQ(reader.getBits(8), 0xFu) << "bits past the end are zero";
+    EXPECT_TRUE(reader.overrun());
+    EXPECT_EQ(reader.getOctet(), 0);
+    reader.markUserData();
+    reader.alignToSeptet();
+    EXPECT_EQ(reader.getSeptets(3), std::string(3, '\0'));
+    EXPECT_EQ(reader.getSeptets(0), "");
+    EXPECT_EQ(reader.getSeptets(513), "");
+    EXPECT_EQ(Reader(std::string(600, 'x')).octetCount(), 0);
+}
+
+TEST(PduBuffer, SemiOctets) {
+    PduBuffer buffer;
+    buffer.putAddressDigits("12*#pw+");
+    EXPECT_EQ(buffer.toHex(), "21BADCFE");
+    PduBuffer reader = Reader("\x21\xBA\xDC\xFE\x4F");
+    EXPECT_EQ(reader.getAddressDigits(7), "12*#pw+");
+    EXPECT_EQ(reader.getAddressDigits(2), "?4") << "15 is left out of a high half only";
+
+    PduBuffer values;
+    values.putBcdValue(7, 2);
+    values.putBcdValue(107, 2);
+    EXPECT_EQ(values.toHex(), "7001F7");
+    PduBuffer back = Reader("\x70\xF5\xEF");
+    EXPECT_EQ(back.getBcd(2), 7);
+    EXPECT_EQ(back.getBcd(2), 5);
+    EXPECT_EQ(back.getBcd(2), 164);
+}
+
+TEST(PduBuffer, ZoneCarriesItsSignInBit3) {
+    bool positive = false;
+    EXPECT_EQ(Reader("\x23").getZone(positive), 32);
+    EXPECT_TRUE(positive);
+    EXPECT_EQ(Reader("\x2B").getZone(positive), 32);
+    EXPECT_FALSE(positive);
+    PduBuffer buffer;
+    buffer.putZone(32, false);
+    buffer.putZone(32, true);
+    EXPECT_EQ(buffer.toHex(), "2B23");
+}
+
+TEST(GsmAlphabet, WritingFoldsAndReadingDoesNotUnfold) {
+    // Each row: local bytes, the GSM values they go out as, and how these read back.
+    struct Row {
+        std::string local;
+        std::string gsm;
+        std::string back;
+    };
+    const Row rows[] = {
+        {"Az09\n\r", "Az09\n\r", "Az09\n\r"},
+        {"@$_", std::string("\x00\x02\x11", 3), "@$_"},
+        {"\xA1\xA3\xA4\xA5\xBF\xDF", "\x40\x01\x24\x03\x60\x1E", "\xA1\xA3\xA4\xA5\xBF\xDF"},
+        {"\xC0\xC6\xE9\xF1\xFF\xD8\xDC", "AAenyOU", "AAenyOU"},
+        {"\x80`\xA7\x01", "____", "\xA7\xA7\xA7\xA7"},
+        {"{", "\x28", "("},
+        {"\x1B{\x1B\\", "\x1B\x28\x1B\x2F", "\x1B{\x1B\\"},
+        {"\x1B|^~[]}", "\x1B\x40\x14\x3D\x3C\x3E\x29", "\x1B|_=<>)"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(ToGsmAlphabet(row.local), row.gsm);
+        EXPECT_EQ(FromGsmAlphabet(row.gsm), row.back);
+    }
+    EXPECT_EQ(FromGsmAlphabet("\x1B"
+                              "A((\x1B\x65"),
+              "\x1B"
+              "A{(\x1B"
+              "e")
+        << "an escape waits for its match";
+    EXPECT_EQ(FromGsmAlphabet(std::string("\x10\x1A\x80\xFF\x04\x7F\x5B", 7)), "____\xE8\xE0\xC4");
+}
+
+}  // namespace
+}  // namespace tarnbridge
