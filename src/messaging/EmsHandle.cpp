@@ -2,30 +2,34 @@
 
 #include <utility>
 
+#include "messaging/ems/Ems.h"
+
 namespace tarnbridge {
 
-EmsHandle::EmsHandle(EmsMessage* message, const EmsOperations& operations)
-    : message_(message), operations_(&operations) {}
+EmsHandle::EmsHandle() = default;
+EmsHandle::EmsHandle(EmsHandle&& other) noexcept = default;
+EmsHandle::~EmsHandle() = default;
 
-EmsHandle::EmsHandle(const EmsHandle& other)
-    : message_(other.message_ ? other.operations_->copy(*other.message_) : nullptr),
-      operations_(other.operations_) {}
+EmsHandle EmsHandle::Make(int dcs) {
+    EmsHandle handle;
+    handle.message_ = std::make_unique<EmsMessage>();
+    if (EmsCreate(handle.Get(), static_cast<uint8_t>(dcs)) != EmsResult::Done) handle.message_.reset();
+    return handle;
+}
 
-EmsHandle::EmsHandle(EmsHandle&& other) noexcept
-    : message_(std::exchange(other.message_, nullptr)), operations_(other.operations_) {}
+EmsHandle::EmsHandle(const EmsHandle& other) {
+    if (!other) return;
+    *this = Make(other.message_->dcs);
+    if (*this && EmsCopy(Get(), other.Get()) != EmsResult::Done) message_.reset();
+}
 
 EmsHandle& EmsHandle::operator=(EmsHandle other) noexcept {
     std::swap(message_, other.message_);
-    std::swap(operations_, other.operations_);
     return *this;
 }
 
-EmsHandle::~EmsHandle() {
-    if (message_) operations_->release(message_);
-}
-
 bool EmsHandle::HasHeader() const {
-    return message_ && operations_->hasHeader(*message_);
+    return message_ && message_->hasHeader != 0;
 }
 
 }  // namespace tarnbridge

@@ -80,6 +80,20 @@ public:
     /// if it has no location.
     bool MergeFrom(const SmsRecord& other, const CodePage& page = CodePage::System());
 
+    /// Replaces rawParts by the segments of the EmsMessage, in the form described there. False, with nothing
+    /// changed, if there is none or it needs more than 10 segments. A concatenated message takes a new
+    /// reference number.
+    bool PrepareParts();
+
+    /// Makes a new EmsMessage of the record's coding out of rawParts, which stay, and takes the text from it.
+    /// False if a part could not be read whole, where the EmsMessage holds what could, or if every slot is
+    /// taken, where there is none.
+    bool RebuildFromParts();
+
+    /// Makes the EmsMessage if there is none, out of rawParts or else out of the text. Whether there is one
+    /// now.
+    bool EnsureEmsMessage(const CodePage& page = CodePage::System());
+
     std::vector<int> handsetIndices;  ///< places on the handset, in part order
     std::string text8;                ///< local 8-bit text, while dcs isn't 8
     std::u16string text16;            ///< the text while dcs is 8
@@ -116,6 +130,7 @@ private:
         std::u16string converted;  ///< or else it is text8 as units, after the bytes
     };
 
+    void TakeTextFromEms();
     Payload TakePayload(const CodePage& page);
     void WriteUserData(PduBuffer& buffer, const Payload& payload) const;
     void ReadUserData(PduBuffer& buffer);
