@@ -50,7 +50,7 @@ bool SmsRecord::EnsureEmsMessage(const CodePage& page) {
     emsMessage = EmsHandle::Make(dcs);
     if (!emsMessage) return false;
     const std::u16string text = dcs == 8 ? TextAsWide(page) : WidenBytes(TextAsBytes(page));
-    if (AddText(emsMessage.Get(), text) == EmsResult::Done) return true;
+    if (text.empty() || AddText(emsMessage.Get(), text) == EmsResult::Done) return true;
     emsMessage = {};
     return false;
 }
