@@ -23,8 +23,8 @@ void BackgroundWorker::Stop() {
         const std::lock_guard guard(requestMutex_);
         if (!running_) return;
         running_ = false;
+        stopEvent.Set();
     }
-    stopEvent.Set();
     StopThread();
     const std::lock_guard guard(requestMutex_);
     stopEvent.Reset();
@@ -34,6 +34,11 @@ void BackgroundWorker::Stop() {
     job_ = nullptr;
     busy = false;
     checkBusy = false;
+}
+
+bool BackgroundWorker::IsRunning() {
+    const std::lock_guard guard(requestMutex_);
+    return running_;
 }
 
 bool BackgroundWorker::RequestRead(Target target, Record record, std::u16string storage, int slot,

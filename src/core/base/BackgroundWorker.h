@@ -55,6 +55,9 @@ public:
     /// thread. Nothing if it doesn't run. Start may follow.
     void Stop();
 
+    /// Whether requests can be accepted: from Start until Stop begins.
+    bool IsRunning();
+
     /// Reads a record from place `slot` of a memory. Nobody else touches the record until the answer.
     /// \param kind  ReadMessage or ReadContact
     bool RequestRead(Target target, Record record, std::u16string storage, int slot,
