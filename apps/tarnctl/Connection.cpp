@@ -60,7 +60,8 @@ bool Connection::OpenPort() {
         name = PortMap::NameOf(number);
         device_ = ports_.DeviceOf(number).value_or(fmt::format("COM{}", number));
     }
-    if (!link_.Connect(name, kind_, options_.baudRate, options_.flowControl)) {
+    const LinkSpeed speed = ChooseLinkSpeed(options_, *store_);
+    if (!link_.Connect(name, kind_, speed.baudRate, speed.flowControl)) {
         PrintWords(ExplainOpenFailure(link_.OpenFailure()));
         return false;
     }

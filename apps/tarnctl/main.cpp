@@ -20,11 +20,16 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
                    "that the "
                    "settings name")
         ->type_name("NAME");
-    app.add_option("--baud", options.baudRate, "Its baud rate")->type_name("N")->capture_default_str();
-    app.add_option("--flow", options.flowControl, "Its flow control: none, hardware or software")
+    app.add_option("--model", options.model,
+                   "The phone model that baud rate and flow control suit, as 'tarnctl settings models' lists "
+                   "them; by default the one that the settings name, unless --baud or --flow is given")
+        ->type_name("KEY");
+    app.add_option("--baud", options.baudRate, "Its baud rate; 115200 where only --flow is given")
+        ->type_name("N");
+    app.add_option("--flow", options.flowControl,
+                   "Its flow control: none, hardware or software; none where only --baud is given")
         ->type_name("MODE")
-        ->transform(CLI::CheckedTransformer(flows).description(""))
-        ->default_str("none");
+        ->transform(CLI::CheckedTransformer(flows).description(""));
     app.add_flag("--json", options.json, "One JSON object a line for each record, and nothing else");
     app.add_flag("--trace", options.trace, "Show what passes over the wire, one exchange a line");
 }
@@ -43,11 +48,13 @@ int main(int argc, char** argv) {
     AddLinkCommands(app, chosen);
     AddTextCommands(app, chosen);
     AddSmsCommands(app, chosen);
+    AddSettingsCommands(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? Done : WrongUsage;
     }
+    if (!options.model.empty() && !IsKnownModel(options.model)) return WrongUsage;
     const ExitCode code = chosen(options);
     if (!OutputFailed()) return code;
     PrintWords("the output could not be written");
