@@ -21,6 +21,12 @@ void PrintRecord(const Json& record) {
     PrintLine(record.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
+std::optional<std::string> PrintAnswer(const Json& record) {
+    PrintRecord(record);
+    if (!record.contains("error")) return std::nullopt;
+    return record["error"].get<std::string>();
+}
+
 void PrintLine(std::string_view line) {
     fmt::print("{}\n", line);
     std::fflush(stdout);

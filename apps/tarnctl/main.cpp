@@ -42,6 +42,10 @@ int main(int argc, char** argv) {
     AddLinkCommands(app, chosen);
     AddTextCommands(app, chosen);
     AddSmsCommands(app, chosen);
+    AddPduCommands(app, chosen);
+    AddEmsCommands(app, chosen);
+    AddVcardCommands(app, chosen);
+    AddContactCommands(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
