@@ -45,5 +45,9 @@ void AddLinkCommands(CLI::App& app, Action& chosen);
 void AddTextCommands(CLI::App& app, Action& chosen);
 void AddSmsCommands(CLI::App& app, Action& chosen);
 void AddSettingsCommands(CLI::App& app, Action& chosen);
+void AddPduCommands(CLI::App& app, Action& chosen);
+void AddEmsCommands(CLI::App& app, Action& chosen);
+void AddVcardCommands(CLI::App& app, Action& chosen);
+void AddContactCommands(CLI::App& app, Action& chosen);
 
 }  // namespace tarnbridge

@@ -1,7 +1,12 @@
 #include "tarnctl/ContactJson.h"
 
+#include <algorithm>
+
+#include <fmt/format.h>
+
 #include "phonebook/ContactForm.h"
 #include "phonebook/DesktopVcard.h"
+#include "phonebook/HandsetVcard.h"
 #include "platform/Text.h"
 #include "tarnctl/JsonFields.h"
 
@@ -22,6 +27,14 @@ constexpr const char* fieldNames[] = {"name", "mobile", "home", "office", "fax",
 
 std::u16string TextIn(const Json& object, const char* name, const char* otherwise = "") {
     return Utf8ToText(object.value(name, otherwise));
+}
+
+/// As it is typed, or as ContactToJson has it.
+std::u16string BirthdayIn(const Json& object) {
+    if (!object.contains("birthday") || !object.at("birthday").is_object()) return TextIn(object, "birthday");
+    const Json& date = object.at("birthday");
+    return Utf8ToText(fmt::format("{}/{}/{}", NumberIn(date, "day", 0, 99), NumberIn(date, "month", 0, 99),
+                                  NumberIn(date, "year", 0, 9999)));
 }
 
 std::u16string English(std::string_view key) {
@@ -67,6 +80,22 @@ bool ContactFromJson(const Json& object, Contact& contact, std::string& error) t
     return false;
 }
 
+std::vector<Json> ReadVcardText(std::string_view bytes) {
+    constexpr std::string_view nextCard = "\nBEGIN:VCARD";
+    std::vector<Json> objects;
+    while (!bytes.empty()) {
+        const size_t end = std::min(bytes.find(nextCard), bytes.size() - 1) + 1;
+        Contact contact;
+        if (ParseHandsetVcard(contact, bytes.substr(0, end))) {
+            objects.push_back(ContactToJson(contact));
+        } else {
+            objects.push_back({{"error", "doesn't begin with BEGIN:VCARD"}});
+        }
+        bytes.remove_prefix(end);
+    }
+    return objects;
+}
+
 std::vector<Json> ImportVcardText(std::string_view utf8) {
     std::vector<Json> objects;
     for (const auto& contact : ImportDesktopVcards(Utf8ToText(utf8)))
@@ -77,10 +106,14 @@ std::vector<Json> ImportVcardText(std::string_view utf8) {
 Json CheckContactLine(std::string_view line) try {
     const Json object = Json::parse(line, nullptr, false);
     if (!object.is_object()) return {{"error", "not a JSON object"}};
-    const ContactForm form{TextIn(object, "storage", "PC"), TextIn(object, "name"),
-                           TextIn(object, "mobile"),        TextIn(object, "home"),
-                           TextIn(object, "office"),        TextIn(object, "fax"),
-                           TextIn(object, "email"),         TextIn(object, "birthday")};
+    const ContactForm form{TextIn(object, "storage", "PC"),
+                           TextIn(object, "name"),
+                           TextIn(object, object.contains("mobile") ? "mobile" : "number"),
+                           TextIn(object, "home"),
+                           TextIn(object, "office"),
+                           TextIn(object, "fax"),
+                           TextIn(object, "email"),
+                           BirthdayIn(object)};
     if (form.storage != simStorage && form.storage != phoneStorage && form.storage != pcStorage)
         return {{"error", "storage is none of SM, ME and PC"}};
     const int textLength = NumberIn(object, "textLength", 0, 255);
@@ -89,7 +122,8 @@ Json CheckContactLine(std::string_view line) try {
                                    }};
     const auto problem = CheckContactForm(form, limits);
     if (!problem) return {{"ok", true}};
-    return {{"field", fieldNames[static_cast<int>(problem->field)]},
+    return {{"ok", false},
+            {"field", fieldNames[static_cast<int>(problem->field)]},
             {"words", TextToUtf8(problem->Sentence(English))}};
 } catch (const std::exception& failure) {
     return {{"error", failure.what()}};

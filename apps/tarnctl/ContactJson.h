@@ -16,12 +16,16 @@ Json ContactToJson(const Contact& contact);
 /// field is required.
 bool ContactFromJson(const Json& object, Contact& contact, std::string& error);
 
+/// `vcard read`: an object for each vCard of the handset, which has the details alone, or one with `error`.
+std::vector<Json> ReadVcardText(std::string_view bytes);
+
 /// `vcard import`: an object for each contact of a text in UTF-8.
 std::vector<Json> ImportVcardText(std::string_view utf8);
 
-/// A line of `contact check`: an object with `storage` ("SM", "ME" or "PC"), `name`, `mobile`, `home`,
-/// `office`, `fax`, `email` and `birthday` (day/month/year) as they are typed, and for a handset `textLength`
-/// and `hasPackedUcs2`. Gives `{"ok": true}`, or `field` and `words` of the first failure, or `error`.
+/// A line of `contact check`: an object with `storage` ("SM", "ME" or "PC"), `name`, `mobile` (or `number`),
+/// `home`, `office`, `fax`, `email` and `birthday` (day/month/year) as they are typed, and for a handset
+/// `textLength` and `hasPackedUcs2`. Gives `{"ok": true}`, or `{"ok": false}` with `field` and `words` of the
+/// first failure, or `error`. A birthday may be an object, too, as ContactToJson gives it.
 Json CheckContactLine(std::string_view line);
 
 }  // namespace tarnbridge

@@ -1,5 +1,6 @@
 #include "tarnctl/JsonFields.h"
 
+#include <charconv>
 #include <stdexcept>
 
 #include <fmt/format.h>
@@ -13,6 +14,19 @@ int NumberIn(const Json& object, const char* name, int otherwise, int largest) {
     if (!value.is_number_integer() || value < 0 || value > largest)
         throw std::invalid_argument(fmt::format("{} isn't a number from 0 to {}", name, largest));
     return value.get<int>();
+}
+
+std::string OctetsOfHex(std::string_view hex, std::string_view name) {
+    std::string octets(hex.size() / 2, '\0');
+    bool good = hex.size() % 2 == 0;
+    for (size_t i = 0; i < octets.size(); ++i) {
+        const char* const start = hex.data() + i * 2;
+        unsigned value = 0;
+        good = good && std::from_chars(start, start + 2, value, 16).ptr == start + 2;
+        octets[i] = static_cast<char>(value);
+    }
+    if (!good) throw std::invalid_argument(fmt::format("{} isn't hexadecimal", name));
+    return octets;
 }
 
 }  // namespace tarnbridge

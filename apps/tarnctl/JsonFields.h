@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "tarnctl/Output.h"
 
 namespace tarnbridge {
@@ -7,5 +10,9 @@ namespace tarnbridge {
 /// A whole number from 0 to `largest`, or `otherwise` where the object hasn't the field. Throws
 /// std::invalid_argument, with words for the user, on anything else.
 int NumberIn(const Json& object, const char* name, int otherwise, int largest);
+
+/// The octets of hexadecimal digits of either case. Throws std::invalid_argument, with words that call them
+/// `name`, on anything else.
+std::string OctetsOfHex(std::string_view hex, std::string_view name);
 
 }  // namespace tarnbridge

@@ -21,6 +21,12 @@ void PrintRecord(const Json& record) {
     PrintLine(record.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
+std::optional<std::string> PrintAnswer(const Json& record) {
+    PrintRecord(record);
+    if (!record.contains("error")) return std::nullopt;
+    return record["error"].get<std::string>();
+}
+
 void PrintLine(std::string_view line) {
     const std::string bytes = fmt::format("{}\n", line);
     std::fwrite(bytes.data(), 1, bytes.size(), stdout);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,9 @@ using Json = nlohmann::ordered_json;
 
 /// One record on standard output, as one line. Bytes that aren't UTF-8 become U+FFFD.
 void PrintRecord(const Json& record);
+
+/// The record, and the words in its field `error` if it has one.
+std::optional<std::string> PrintAnswer(const Json& record);
 
 /// One line of data for people on standard output.
 void PrintLine(std::string_view line);

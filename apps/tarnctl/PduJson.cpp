@@ -1,6 +1,5 @@
 #include "tarnctl/PduJson.h"
 
-#include <charconv>
 #include <stdexcept>
 
 #include <fmt/format.h>
@@ -77,17 +76,7 @@ uint8_t FlagIn(const Json& object, const char* name) {
 }
 
 std::string OctetsIn(const Json& object, const char* name) {
-    const std::string hex = object.value(name, "");
-    std::string octets(hex.size() / 2, '\0');
-    bool good = hex.size() % 2 == 0;
-    for (size_t i = 0; i < octets.size(); ++i) {
-        const char* const start = hex.data() + i * 2;
-        unsigned value = 0;
-        good = good && std::from_chars(start, start + 2, value, 16).ptr == start + 2;
-        octets[i] = static_cast<char>(value);
-    }
-    if (!good) throw std::invalid_argument(fmt::format("{} isn't hexadecimal", name));
-    return octets;
+    return OctetsOfHex(object.value(name, ""), name);
 }
 
 SmsTimestamp TimestampFromJson(const Json& object) {
@@ -192,6 +181,9 @@ Json SmsToJson(const SmsRecord& record) {
         object["concat"] = {
             {"reference", concat->reference}, {"total", concat->total}, {"sequence", concat->sequence}};
     if (record.dcs == 4) object["data"] = BytesToHex(DataOf(record));
+    object["segments"] = Json::array();
+    for (const std::string& part : record.rawParts)
+        object["segments"].push_back(BytesToHex(part));
     return object;
 }
 

@@ -10,7 +10,7 @@
 namespace tarnbridge {
 
 /// A message as the JSON object of `pdu decode`, without `truncated`. The field `data`, in hexadecimal,
-/// stands beside the text of 8-bit data.
+/// stands beside the text of 8-bit data. `segments` is the user data of its parts as `ems decode` takes it.
 Json SmsToJson(const SmsRecord& record);
 
 /// The reverse. False, with the reason in `error`, if a field has the wrong type or an impossible value.

@@ -1,10 +1,12 @@
-// sms raw-list.
+// sms raw-list, join.
 
 #include <fmt/format.h>
 
 #include "tarnctl/Command.h"
 #include "tarnctl/Connection.h"
+#include "tarnctl/Input.h"
 #include "tarnctl/Output.h"
+#include "tarnctl/PduJson.h"
 
 namespace tarnbridge {
 namespace {
@@ -91,6 +93,22 @@ ExitCode RawList(const GlobalOptions& options, const std::string& memory) {
     return code;
 }
 
+ExitCode Join(const std::vector<std::string>& files) {
+    std::vector<std::string> lines;
+    ExitCode code = ForEachLine(files, [&](const std::string& line) -> std::optional<std::string> {
+        lines.push_back(line);
+        return std::nullopt;
+    });
+    SystemClock clock;
+    for (const Json& message : JoinPduLines(lines, clock)) {
+        if (const auto error = PrintAnswer(message)) {
+            PrintWords(fmt::format("line {}: {}", message["line"].get<size_t>(), *error));
+            code = OperationFailed;
+        }
+    }
+    return code;
+}
+
 }  // namespace
 
 void AddSmsCommands(CLI::App& app, Action& chosen) {
@@ -106,6 +124,15 @@ void AddSmsCommands(CLI::App& app, Action& chosen) {
     rawList->callback([&chosen, memory] {
         chosen = [memory](const GlobalOptions& global) { return RawList(global, *memory); };
     });
+
+    const auto files = std::make_shared<std::vector<std::string>>();
+    CLI::App* join = sms->add_subcommand("join", "Join the parts of long messages, without a port");
+    join->footer(
+        "Takes hexadecimal PDUs of many messages, one a line. The output is JSON with and without --json: "
+        "one "
+        "object for each message, with the numbers of its lines.");
+    AddFiles(*join, *files);
+    join->callback([&chosen, files] { chosen = [files](const GlobalOptions&) { return Join(*files); }; });
 }
 
 }  // namespace tarnbridge

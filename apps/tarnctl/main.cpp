@@ -49,6 +49,10 @@ int main(int argc, char** argv) {
     AddTextCommands(app, chosen);
     AddSmsCommands(app, chosen);
     AddSettingsCommands(app, chosen);
+    AddPduCommands(app, chosen);
+    AddEmsCommands(app, chosen);
+    AddVcardCommands(app, chosen);
+    AddContactCommands(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

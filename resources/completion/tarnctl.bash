@@ -14,21 +14,35 @@ _tarnctl() {
     local command= sub= i
     for ((i = 1; i < COMP_CWORD; i++)); do
         case ${COMP_WORDS[i]} in
-            --port | --model | --baud | --flow) ((i++)) ;;
+            --port | --model | --baud | --flow | --reference) ((i++)) ;;
             -*) ;;
             *) if [[ -z $command ]]; then command=${COMP_WORDS[i]}; elif [[ -z $sub ]]; then sub=${COMP_WORDS[i]}; fi ;;
         esac
     done
-    local words=$global
+    local words=$global files=
     case $command in
-        "") words="$global ports info ping at text sms settings" ;;
+        "") words="$global ports info ping at text sms pdu ems vcard contact profile settings" ;;
         at) words="--prefix --timeout --body --pdu --help" ;;
         text) [[ -z $sub ]] && words="to-hex from-hex pack --help" || words="--little-endian --help" ;;
-        sms) [[ -z $sub ]] && words="raw-list --help" || words="--memory --help" ;;
-        settings)
-            [[ -z $sub ]] && words="models dialup --help" || COMPREPLY=($(compgen -f -- "$word"))
-            [[ -n $sub ]] && return ;;
+        sms)
+            case $sub in
+                "") words="raw-list join --help" ;;
+                join) words="--help" files=yes ;;
+                *) words="--memory --help" ;;
+            esac ;;
+        pdu) [[ -z $sub ]] && words="decode encode --help" || { words="--help" files=yes; } ;;
+        ems)
+            case $sub in
+                "") words="decode encode --help" ;;
+                decode) words="--help" files=yes ;;
+                *) words="--reference --help" files=yes ;;
+            esac ;;
+        vcard) [[ -z $sub ]] && words="read write import --help" || { words="--help" files=yes; } ;;
+        contact) [[ -z $sub ]] && words="check --help" || { words="--help" files=yes; } ;;
+        settings) [[ -z $sub ]] && words="models dialup --help" || { words="--help" files=yes; } ;;
+        profile) [[ -z $sub ]] && words="dump copy --help" || { words="--help" files=yes; } ;;
     esac
     COMPREPLY=($(compgen -W "$words" -- "$word"))
+    [[ -z $files ]] || COMPREPLY+=($(compgen -f -- "$word"))
 }
 complete -F _tarnctl tarnctl

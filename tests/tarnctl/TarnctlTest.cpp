@@ -1,54 +1,24 @@
-// The program as a script meets it: arguments in, exit code, standard output and standard error out.
+// The program on a handset, which is the virtual one.
 
-#include <nlohmann/json.hpp>
-#include <sstream>
 #include <thread>
 
-#include <gtest/gtest.h>
-
 #include "platform/Files.h"
-#include "platform/Process.h"
-#include "support/TemporaryFolder.h"
 #include "support/VirtualHandset.h"
+#include "tarnctl/TarnctlFixture.h"
 
 namespace tarnbridge {
 namespace {
 
 using namespace std::chrono_literals;
-using Json = nlohmann::json;
 
-class Tarnctl : public ::testing::Test {
+class Tarnctl : public TarnctlFixture {
 protected:
-    Tarnctl() {
-        setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
-        setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
-    }
-
-    ProcessOutput Run(const std::vector<std::string>& arguments, const std::string& input = "") {
-        const auto output = RunProcess(TARNCTL, arguments, input, 60s);
-        EXPECT_TRUE(output) << "did not end in time";
-        return output ? *output : ProcessOutput();
-    }
-
-    /// The same with the virtual handset as the port.
+    /// With the virtual handset as the port.
     ProcessOutput RunOnHandset(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), {"--port", handset.Path()});
         return Run(arguments);
     }
 
-    static std::vector<Json> Records(const std::string& output) {
-        std::vector<Json> records;
-        std::istringstream lines(output);
-        for (std::string line; std::getline(lines, line);)
-            records.push_back(Json::parse(line));
-        return records;
-    }
-
-    static size_t CountLines(const std::string& text) {
-        return static_cast<size_t>(std::count(text.begin(), text.end(), '\n'));
-    }
-
-    test::TemporaryFolder folder;
     test::VirtualHandset handset{{.demo = true, .faults = {}, .baud = 0}};
 };
 
