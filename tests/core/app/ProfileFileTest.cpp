@@ -222,7 +222,7 @@ TEST_F(ProfileFileTest, AKilledSaveLeavesTheOldOrTheNewFile) {
     std::mt19937 random(20070314);
     int seen[2] = {};
     size_t leftovers = 0;
-    for (int round = 0; round < 150; ++round) {
+    for (int round = 0; round < 100; ++round) {
         const pid_t child = ::fork();
         if (child == 0) {
             const auto file = Open();
