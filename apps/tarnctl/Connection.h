@@ -11,6 +11,7 @@
 #include "platform/PortMap.h"
 #include "platform/TerminationSignal.h"
 #include "tarnctl/Command.h"
+#include "tarnctl/Output.h"
 
 namespace tarnbridge {
 
@@ -25,7 +26,8 @@ public:
     bool Open();
 
     HandsetLink& Link() { return link_; }
-    bool Cancelled() const { return cancelled_; }
+    /// Whether to stop: the user wants it, or nobody gets what is printed.
+    bool Cancelled() const { return cancelled_ || OutputFailed(); }
 
     /// What stands behind the port: a device path, or the name under which it was asked for.
     const std::string& Device() const { return device_; }

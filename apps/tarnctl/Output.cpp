@@ -22,8 +22,13 @@ void PrintRecord(const Json& record) {
 }
 
 void PrintLine(std::string_view line) {
-    fmt::print("{}\n", line);
+    const std::string bytes = fmt::format("{}\n", line);
+    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     std::fflush(stdout);
+}
+
+bool OutputFailed() {
+    return std::ferror(stdout) != 0;
 }
 
 void PrintWords(std::string_view words) {

@@ -17,6 +17,9 @@ void PrintRecord(const Json& record);
 /// One line of data for people on standard output.
 void PrintLine(std::string_view line);
 
+/// Whether something that was printed was lost: the disk is full, or nobody reads the pipe any more.
+bool OutputFailed();
+
 /// One line of words on standard error.
 void PrintWords(std::string_view words);
 

@@ -1,6 +1,7 @@
 #include <map>
 
 #include "tarnctl/Command.h"
+#include "tarnctl/Output.h"
 
 using namespace tarnbridge;
 
@@ -47,5 +48,8 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? Done : WrongUsage;
     }
-    return chosen(options);
+    const ExitCode code = chosen(options);
+    if (!OutputFailed()) return code;
+    PrintWords("the output could not be written");
+    return OperationFailed;
 }

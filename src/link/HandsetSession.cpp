@@ -37,6 +37,7 @@ size_t CountWithoutSpare(const ATLine& line) {
 bool HandsetLink::Connect(const std::string& portName, LinkKind& linkKind, uint32_t baudRate,
                           FlowControl flowControl) {
     const std::lock_guard guard(lock);
+    if (portOpen) return false;
     // Unsolicited lines are kept out of responses and forgotten.
     portOpen = channel_.Open(
         portName, baudRate, flowControl, [](const ATResult&) {}, linkKind);

@@ -33,6 +33,8 @@ protected:
 TEST_F(HandsetLinkTest, HandshakeInItsOrder) {
     EXPECT_FALSE(link.EnsureSession()) << "no port";
     ASSERT_TRUE(Connect());
+    EXPECT_FALSE(Connect());
+    EXPECT_TRUE(link.IsPortOpen()) << "a second connection leaves the first as it is";
     EXPECT_TRUE(wire.Written().empty());
     ASSERT_TRUE(link.EnsureSession());
     const std::vector<std::string> expected = {"AT+ESUO?\r",

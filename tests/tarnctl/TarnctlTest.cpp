@@ -225,6 +225,19 @@ TEST_F(Tarnctl, APortHasOneUser) {
     EXPECT_EQ(RunOnHandset({"ping"}).exitCode, 0) << "the lock is free";
 }
 
+TEST_F(Tarnctl, OutputThatNobodyGetsIsAFailureAndTheHandsetIsHandedBack) {
+    for (const char* target : {"| head -n 1 >/dev/null; exit ${PIPESTATUS[0]}", "> /dev/full"}) {
+        handset.ForgetCommands();
+        const std::string command = std::string("\"$0\" --port \"$1\" sms raw-list --memory ME ") + target;
+        const auto output = RunProcess("bash", {"-c", command, TARNCTL, handset.Path()}, "", 60s);
+        ASSERT_TRUE(output);
+        EXPECT_EQ(output->exitCode, 1) << target;
+        EXPECT_EQ(handset.Commands().back(), "AT+ESLP=1") << target;
+    }
+    const auto offline = RunProcess("bash", {"-c", "\"$0\" text to-hex a > /dev/full", TARNCTL}, "", 60s);
+    EXPECT_EQ(offline->exitCode, 1);
+}
+
 TEST_F(Tarnctl, TraceShowsOneExchangeALine) {
     const auto output = RunOnHandset({"--trace", "--json", "ping"});
     EXPECT_EQ(output.exitCode, 0);

@@ -14,6 +14,7 @@ namespace tarnbridge {
 
 struct TerminationSignal::State {
     sigset_t before{};
+    struct sigaction pipeBefore {};
     FileDescriptor signals;
     FileDescriptor stop;
     Thread thread;
@@ -25,6 +26,9 @@ TerminationSignal::TerminationSignal() : state_(std::make_unique<State>()) {
     sigaddset(&wanted, SIGINT);
     sigaddset(&wanted, SIGTERM);
     pthread_sigmask(SIG_BLOCK, &wanted, &state_->before);
+    struct sigaction ignore {};
+    ignore.sa_handler = SIG_IGN;
+    ::sigaction(SIGPIPE, &ignore, &state_->pipeBefore);
     state_->signals = FileDescriptor(::signalfd(-1, &wanted, SFD_NONBLOCK | SFD_CLOEXEC));
     state_->stop = FileDescriptor(::eventfd(0, EFD_CLOEXEC));
     state_->thread.Start("signals", [this] {
@@ -43,6 +47,7 @@ TerminationSignal::TerminationSignal() : state_(std::make_unique<State>()) {
 TerminationSignal::~TerminationSignal() {
     ::eventfd_write(state_->stop.Get(), 1);
     state_->thread.Join();
+    ::sigaction(SIGPIPE, &state_->pipeBefore, nullptr);
     pthread_sigmask(SIG_SETMASK, &state_->before, nullptr);
 }
 
