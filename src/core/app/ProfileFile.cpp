@@ -80,9 +80,8 @@ Outcome ProfileFile::Save(Profile& profile) {
     if (state_ != ProfileState::Whole && !copiedAside_ && fs::exists(path_, error)) {
         if (const Outcome outcome = CopyAside(); !outcome) return outcome;
     }
-    std::string stream;
-    SaveProfile(profile, stream);
-    const Outcome outcome = WriteFileAtomically(path_, stream);
+    const Outcome outcome =
+        WriteFileAtomically(path_, [&profile](const ByteSink& sink) { SaveProfile(profile, sink); });
     if (outcome) state_ = ProfileState::Whole;
     return outcome;
 }

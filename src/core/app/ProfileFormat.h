@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "core/app/Profile.h"
+#include "platform/Files.h"
 
 namespace tarnbridge {
 
@@ -28,10 +28,10 @@ enum class ProfileLoad {
     Whole,    ///< all of it was read
 };
 
-/// Appends the profile to a stream. The mirrors are written empty and stay in memory as they are. Called on
-/// the thread that makes and removes folders; others may change the records of a folder under its lock
-/// meanwhile.
-void SaveProfile(Profile& profile, std::string& stream);
+/// Hands the profile to the sink, piece by piece. The mirrors are written empty and stay in memory as they
+/// are. Called on the thread that makes and removes folders; others may change the records of a folder under
+/// its lock meanwhile.
+void SaveProfile(Profile& profile, const ByteSink& sink);
 
 /// Fills a new profile. A stream that ends early leaves what came before its end. A root with another tag
 /// isn't read, and what follows its tag is taken for the next field; a folder with another tag stays empty at

@@ -1,9 +1,27 @@
 #include "core/app/ProfileStream.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
 namespace tarnbridge {
+
+void ProfileWriter::Raw(std::string_view bytes) {
+    if (buffer_.size() - used_ < bytes.size()) {
+        Flush();
+        if (buffer_.size() < bytes.size()) {
+            sink_(bytes);
+            return;
+        }
+    }
+    std::copy(bytes.begin(), bytes.end(), buffer_.begin() + static_cast<std::ptrdiff_t>(used_));
+    used_ += bytes.size();
+}
+
+void ProfileWriter::Flush() {
+    if (used_ > 0) sink_({buffer_.data(), used_});
+    used_ = 0;
+}
 
 void ProfileWriter::Bytes(std::string_view text) {
     Count(text.size() + 1);

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "platform/Files.h"
 
 namespace tarnbridge {
 
@@ -10,27 +14,33 @@ namespace tarnbridge {
 /// front, of their units and a terminating zero, and with that zero.
 class ProfileWriter {
 public:
-    /// Appends to `stream`, which must outlive the writer.
-    explicit ProfileWriter(std::string& stream) : stream_(stream) {}
+    /// Hands the bytes on in pieces, the last one by Flush. The sink must outlive the writer; whether it
+    /// could write is its own affair.
+    explicit ProfileWriter(const ByteSink& sink) : sink_(sink) {}
 
     void U8(uint8_t number) { Number<1>(number); }
     void U16(uint16_t number) { Number<2>(number); }
     void U32(uint32_t number) { Number<4>(number); }
     void Count(size_t count) { U32(static_cast<uint32_t>(count)); }
-    void Raw(std::string_view bytes) { stream_ += bytes; }
+    void Raw(std::string_view bytes);
     void Bytes(std::string_view text);
     void Wide(std::u16string_view text);
+    void Flush();
 
 private:
-    template <int size>
+    template <size_t size>
     void Number(uint32_t number) {
         char bytes[size];
-        for (int i = 0; i < size; ++i)
+        for (size_t i = 0; i < size; ++i)
             bytes[i] = static_cast<char>(number >> 8 * i);
-        stream_.append(bytes, size);
+        if (buffer_.size() - used_ < size) Flush();
+        std::copy_n(bytes, size, buffer_.data() + used_);
+        used_ += size;
     }
 
-    std::string& stream_;
+    const ByteSink& sink_;
+    std::array<char, 65536> buffer_;
+    size_t used_ = 0;
 };
 
 /// Takes the fields of a profile from a stream that may hold anything. The stream fails at the first field
@@ -55,13 +65,13 @@ public:
     std::u16string Wide();
 
 private:
-    template <int size>
+    template <size_t size>
     uint32_t Number() {
         const std::string_view bytes = Raw(size);
         if (bytes.size() < size) return 0;
         uint32_t number = 0;
-        for (int i = 0; i < size; ++i)
-            number |= static_cast<uint32_t>(static_cast<uint8_t>(bytes[static_cast<size_t>(i)])) << 8 * i;
+        for (size_t i = 0; i < size; ++i)
+            number |= static_cast<uint32_t>(static_cast<uint8_t>(bytes[i])) << 8 * i;
         return number;
     }
 

@@ -43,8 +43,8 @@ void WriteTree(ProfileWriter& out, const FolderNode<Record>& root) {
 
 }  // namespace
 
-void SaveProfile(Profile& profile, std::string& stream) {
-    ProfileWriter out(stream);
+void SaveProfile(Profile& profile, const ByteSink& sink) {
+    ProfileWriter out(sink);
     out.Raw(profileMagic);
     out.U32(profileVersion);
     out.U32(0);
@@ -59,6 +59,7 @@ void SaveProfile(Profile& profile, std::string& stream) {
         out.Wide(connection.operatorName);
         out.Wide(connection.apn);
     }
+    out.Flush();
 }
 
 }  // namespace tarnbridge

@@ -90,7 +90,10 @@ std::string FolderHead(std::string_view name, const std::string& attributes) {
 
 std::string Saved(Profile& profile) {
     std::string stream;
-    SaveProfile(profile, stream);
+    SaveProfile(profile, [&stream](std::string_view piece) {
+        stream += piece;
+        return true;
+    });
     return stream;
 }
 
