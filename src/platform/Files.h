@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,13 @@ Result<std::string> ReadFile(const std::filesystem::path& path, uint64_t limit =
 /// whose permissions are kept. A failure leaves the old file as it was and no temporary file behind. Missing
 /// folders are made. A symbolic link is followed.
 Outcome WriteFileAtomically(const std::filesystem::path& path, std::string_view content);
+
+/// Takes the next bytes of a file. False once they can't be written.
+using ByteSink = std::function<bool(std::string_view)>;
+
+/// The same with content that `produce` hands over piece by piece, so that it is never in memory as a whole.
+Outcome WriteFileAtomically(const std::filesystem::path& path,
+                            const std::function<void(const ByteSink&)>& produce);
 
 /// The entries of a folder whose name matches a pattern with `*` and `?`, sorted by name. Empty when the
 /// folder can't be read.

@@ -65,6 +65,11 @@ Result<std::string> ReadFile(const std::filesystem::path& path, uint64_t limit) 
 }
 
 Outcome WriteFileAtomically(const std::filesystem::path& path, std::string_view content) {
+    return WriteFileAtomically(path, [content](const ByteSink& write) { write(content); });
+}
+
+Outcome WriteFileAtomically(const std::filesystem::path& path,
+                            const std::function<void(const ByteSink&)>& produce) {
     std::error_code error;
     std::filesystem::path target = path;
     if (std::filesystem::is_symlink(path, error)) {
@@ -87,7 +92,13 @@ Outcome WriteFileAtomically(const std::filesystem::path& path, std::string_view 
     struct stat status {};
     const bool replaces = ::stat(target.c_str(), &status) == 0;
     if (replaces && ::fchmod(descriptor.Get(), status.st_mode & 07777) != 0) return fail();
-    if (!WriteAll(descriptor.Get(), content)) return fail();
+    int writeError = 0;
+    produce([&](std::string_view piece) {
+        if (writeError == 0 && !WriteAll(descriptor.Get(), piece)) writeError = errno;
+        return writeError == 0;
+    });
+    errno = writeError;
+    if (writeError != 0) return fail();
     if (::fsync(descriptor.Get()) != 0) return fail();
     if (::close(descriptor.Release()) != 0) return fail();
     if (::rename(temporary.c_str(), target.c_str()) != 0) return fail();

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "core/app/Profile.h"
+
+namespace tarnbridge {
+
+/// The names of the standard folders, in the language of the program.
+struct FolderNames {
+    std::u16string handsetMessages;  ///< "Handset Folder"
+    std::u16string pcMessages;       ///< "PC Folder"
+    std::u16string inbox;            ///< the folders below both
+    std::u16string outbox;
+    std::u16string sent;
+    std::u16string draft;
+    std::u16string personal;  ///< and those below the second alone
+    std::u16string messageTrash;
+    std::u16string handsetContacts;  ///< "Handset folder"
+    std::u16string pcContacts;       ///< "PC folder"
+    std::u16string contactTrash;
+};
+
+/// The places of the message folders below the handset's and the PC's, for FolderNode::Child.
+enum MessagePlace : size_t {
+    inboxPlace = 0,
+    outboxPlace = 1,
+    sentPlace = 2,
+    draftPlace = 3,
+    personalPlace = 4,
+    messageTrashPlace = 5,
+};
+
+/// The places below both roots, the last one of contacts alone.
+enum RootPlace : size_t { handsetPlace = 0, pcPlace = 1, contactTrashPlace = 2 };
+
+/// After a load, or where there was no file: makes the standard folders that are missing and names all of
+/// them, by their place. Attributes stay as they were read; a folder that came without any gets its own. The
+/// user's folders aren't touched.
+void EnsureStandardFolders(Profile& profile, const FolderNames& names);
+
+}  // namespace tarnbridge
