@@ -28,5 +28,6 @@ using Action = std::function<ExitCode(const GlobalOptions&)>;
 void AddLinkCommands(CLI::App& app, Action& chosen);
 void AddTextCommands(CLI::App& app, Action& chosen);
 void AddSmsCommands(CLI::App& app, Action& chosen);
+void AddProfileCommands(CLI::App& app, Action& chosen);
 
 }  // namespace tarnbridge

@@ -43,6 +43,7 @@ int main(int argc, char** argv) {
     AddLinkCommands(app, chosen);
     AddTextCommands(app, chosen);
     AddSmsCommands(app, chosen);
+    AddProfileCommands(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
