@@ -49,5 +49,6 @@ void AddPduCommands(CLI::App& app, Action& chosen);
 void AddEmsCommands(CLI::App& app, Action& chosen);
 void AddVcardCommands(CLI::App& app, Action& chosen);
 void AddContactCommands(CLI::App& app, Action& chosen);
+void AddProfileCommands(CLI::App& app, Action& chosen);
 
 }  // namespace tarnbridge

@@ -53,6 +53,7 @@ int main(int argc, char** argv) {
     AddEmsCommands(app, chosen);
     AddVcardCommands(app, chosen);
     AddContactCommands(app, chosen);
+    AddProfileCommands(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
