@@ -1,11 +1,10 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "core/base/StringTable.h"
 #include "phonebook/ContactChecks.h"
 
 namespace tarnbridge {
@@ -27,19 +26,16 @@ enum class ContactField { name, mobile, home, office, fax, email, birthday };
 /// Why a form can't be stored, and the field that wants the focus.
 struct ContactProblem {
     ContactField field;
-    std::string_view words;    ///< key of the words in the string table
-    std::string_view label;    ///< key of the label that stands for %s, in lower case; or empty
-    std::vector<int> numbers;  ///< what stands for the %d of the words, in order
+    Word words;
+    std::optional<Word> label;  ///< stands for %s, in lower case
+    std::vector<int> numbers;   ///< what stands for the %d of the words, in order
 
-    /// The sentence for the user, with the words of a string table.
-    std::u16string Sentence(const std::function<std::u16string(std::string_view key)>& table) const;
+    /// The sentence for the user, in the program's words.
+    std::u16string Sentence() const;
 };
 
 /// The first check of the editor that the form fails, or nothing. A contact for the SIM has no details, so
 /// these aren't looked at.
 std::optional<ContactProblem> CheckContactForm(const ContactForm& form, const HandsetNameLimits& limits);
-
-/// The English words of these checks by their keys; empty for another key.
-std::u16string_view EnglishContactWords(std::string_view key);
 
 }  // namespace tarnbridge

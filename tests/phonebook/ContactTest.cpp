@@ -184,24 +184,22 @@ TEST(ContactForm, ChecksRunInTheirOrder) {
          u"between 1900-2030.",
          [&] { form.birthday = u"1/1/2000"; }},
     };
-    const auto english = [](std::string_view key) { return std::u16string(EnglishContactWords(key)); };
     for (const Step& step : steps) {
         const auto problem = CheckContactForm(form, {});
         ASSERT_TRUE(problem);
         EXPECT_EQ(problem->field, step.field);
-        EXPECT_EQ(problem->Sentence(english), step.sentence);
+        EXPECT_EQ(problem->Sentence(), step.sentence);
         step.repair();
     }
     EXPECT_FALSE(CheckContactForm(form, {}));
 }
 
 TEST(ContactForm, LimitsOfTheHandset) {
-    const auto english = [](std::string_view key) { return std::u16string(EnglishContactWords(key)); };
     ContactForm form{u"SM", std::u16string(15, u'a'), u"1", u"bad", u"bad", u"bad", u"bad", u"bad"};
     auto problem = CheckContactForm(form, Limits(14));
     ASSERT_TRUE(problem);
-    EXPECT_EQ(problem->words, "contact.nameLengthSim");
-    EXPECT_EQ(problem->Sentence(english).substr(0, 82),
+    EXPECT_EQ(problem->words, Word::NameTooLongForHandset);
+    EXPECT_EQ(problem->Sentence().substr(0, 82),
               u"The maximum of contact name is 14 English characters,\nor 6 Chinese characters!\n\nEa");
     form.name = u"short";
     EXPECT_FALSE(CheckContactForm(form, Limits(14))) << "the SIM keeps no details";
@@ -210,7 +208,7 @@ TEST(ContactForm, LimitsOfTheHandset) {
     form.name.assign(40, u'\u00E9');
     problem = CheckContactForm(form, Limits({}));
     ASSERT_TRUE(problem);
-    EXPECT_EQ(problem->words, "contact.packedNameLengthPhone");
+    EXPECT_EQ(problem->words, Word::NameTooLongPacked);
     EXPECT_EQ(problem->numbers, (std::vector<int>{30, 27, 14}));
     EXPECT_EQ(form.name.size(), 40u);
     form.name = u"ok";
