@@ -14,7 +14,7 @@ namespace tarnbridge {
 namespace {
 
 constexpr const char* fileName = "DialUpSetting.ini";
-constexpr int32_t mostGroups = 10'000;
+constexpr int32_t mostGroups = 1'000;
 
 std::u16string NumberedKey(std::u16string_view name, int32_t number) {
     return std::u16string(name) + WidenBytes(std::to_string(number));

@@ -20,7 +20,7 @@ struct DialUpSettings {
 };
 
 /// Reads the content of the file, a private profile. Anything that is missing or makes no sense reads as
-/// empty. At most 10,000 groups are read.
+/// empty. At most 1,000 groups are read.
 DialUpSettings ReadDialUpSettings(std::string_view content, const CodePage& codePage = CodePage::System());
 
 /// The content of the file. Lines end with LF; one blank line stands between two sections. A line break in a
