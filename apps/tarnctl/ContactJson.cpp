@@ -80,6 +80,15 @@ bool ContactFromJson(const Json& object, Contact& contact, std::string& error) t
     return false;
 }
 
+Json WriteVcardLine(std::string_view line) try {
+    Contact contact;
+    std::string error;
+    if (!ContactFromJson(ObjectOfLine(line), contact, error)) return {{"error", error}};
+    return {{"vcard", HandsetVcardOf(contact)}};
+} catch (const std::exception& failure) {
+    return {{"error", failure.what()}};
+}
+
 std::vector<Json> ReadVcardText(std::string_view bytes) {
     constexpr std::string_view nextCard = "\nBEGIN:VCARD";
     std::vector<Json> objects;
@@ -104,8 +113,7 @@ std::vector<Json> ImportVcardText(std::string_view utf8) {
 }
 
 Json CheckContactLine(std::string_view line) try {
-    const Json object = Json::parse(line, nullptr, false);
-    if (!object.is_object()) return {{"error", "not a JSON object"}};
+    const Json object = ObjectOfLine(line);
     const ContactForm form{TextIn(object, "storage", "PC"),
                            TextIn(object, "name"),
                            TextIn(object, object.contains("mobile") ? "mobile" : "number"),

@@ -16,6 +16,9 @@ Json ContactToJson(const Contact& contact);
 /// field is required.
 bool ContactFromJson(const Json& object, Contact& contact, std::string& error);
 
+/// A line of `vcard write`: an object with the text `vcard`, whose bytes needn't be UTF-8, or `error`.
+Json WriteVcardLine(std::string_view line);
+
 /// `vcard read`: an object for each vCard of the handset, which has the details alone, or one with `error`.
 std::vector<Json> ReadVcardText(std::string_view bytes);
 

@@ -63,12 +63,6 @@ void Must(EmsResult result, bool oneSegmentAllowed = false) {
         throw std::runtime_error(TextToUtf8(EmsResultWord(result, oneSegmentAllowed)));
 }
 
-Json ParsedLine(std::string_view line) {
-    Json object = Json::parse(line, nullptr, false);
-    if (!object.is_object()) throw std::invalid_argument("not a JSON object");
-    return object;
-}
-
 Json ObjectToJson(const EmsObject& object) {
     Json json = {{"kind", NameOf(kindNames, static_cast<int>(object.kind))},
                  {"position", object.position / 2},
@@ -282,7 +276,7 @@ Json SegmentsOf(EmsMessage& message) {
 }  // namespace
 
 Json DecodeEmsLine(std::string_view line) try {
-    const Json json = ParsedLine(line);
+    const Json json = ObjectOfLine(line);
     if (!json.contains("segments") || !json.at("segments").is_array() || json.at("segments").empty())
         throw std::invalid_argument("segments are missing");
     std::vector<std::string> segments;
@@ -309,7 +303,7 @@ Json DecodeEmsLine(std::string_view line) try {
 }
 
 Json EncodeEmsLine(std::string_view line) try {
-    const Json json = ParsedLine(line);
+    const Json json = ObjectOfLine(line);
     const int dcs = NumberIn(json, "dcs", 0, 255);
     EmsMessage message;
     Must(EmsCreate(&message, static_cast<uint8_t>(dcs)));

@@ -7,6 +7,16 @@
 
 namespace tarnbridge {
 
+Json ObjectOfLine(std::string_view line) {
+    Json object = Json::parse(line, nullptr, false);
+    if (!object.is_object()) throw std::invalid_argument("not a JSON object");
+    if (object.contains("error")) {
+        const Json& error = object.at("error");
+        throw std::invalid_argument(error.is_string() ? error.get<std::string>() : error.dump());
+    }
+    return object;
+}
+
 int NumberIn(const Json& object, const char* name, int otherwise, int largest) {
     if (!object.is_object()) throw std::invalid_argument(fmt::format("no object holds {}", name));
     if (!object.contains(name)) return otherwise;

@@ -7,6 +7,10 @@
 
 namespace tarnbridge {
 
+/// The JSON object of a line. Throws std::invalid_argument, with words for the user, on anything else, and on
+/// an object with the field `error`, which tells that another verb couldn't read what it stands for.
+Json ObjectOfLine(std::string_view line);
+
 /// A whole number from 0 to `largest`, or `otherwise` where the object hasn't the field. Throws
 /// std::invalid_argument, with words for the user, on anything else.
 int NumberIn(const Json& object, const char* name, int otherwise, int largest);

@@ -226,12 +226,8 @@ Json DecodePduLine(std::string_view line, Clock& clock) {
     return object;
 }
 
-bool EncodePduLine(std::string_view line, std::string& hexText, std::string& error) {
-    const Json object = Json::parse(line, nullptr, false);
-    if (!object.is_object()) {
-        error = "not a JSON object";
-        return false;
-    }
+bool EncodePduLine(std::string_view line, std::string& hexText, std::string& error) try {
+    const Json object = ObjectOfLine(line);
     SmsRecord record;
     if (!SmsFromJson(object, record, error)) return false;
     if (record.messageType == SmsRecord::deliver) {
@@ -242,6 +238,9 @@ bool EncodePduLine(std::string_view line, std::string& hexText, std::string& err
         ReferenceCounters::OfProcess().SetMessageReference(static_cast<uint8_t>(record.messageReference - 1));
     record.encodeSubmit(hexText);
     return true;
+} catch (const std::exception& failure) {
+    error = failure.what();
+    return false;
 }
 
 std::vector<Json> JoinPduLines(const std::vector<std::string>& lines, Clock& clock) {

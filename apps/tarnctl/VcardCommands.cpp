@@ -4,7 +4,6 @@
 
 #include <fmt/format.h>
 
-#include "phonebook/HandsetVcard.h"
 #include "tarnctl/ContactJson.h"
 #include "tarnctl/Input.h"
 
@@ -31,19 +30,11 @@ ExitCode PrintContacts(const Files& files, std::vector<Json> (*contactsOf)(std::
 
 ExitCode Write(const Files& files, bool asJson) {
     return ForEachLine(files, [asJson](const std::string& line) -> std::optional<std::string> {
-        const Json json = Json::parse(line, nullptr, false);
-        Contact contact;
-        std::string error = "not a JSON object";
-        if (!json.is_object() || !ContactFromJson(json, contact, error)) {
-            if (asJson) PrintRecord({{"error", error}});
-            return error;
-        }
-        const std::string card = HandsetVcardOf(contact);
-        if (asJson) {
-            PrintRecord({{"vcard", card}});
-        } else {
-            std::fwrite(card.data(), 1, card.size(), stdout);
-        }
+        const Json answer = WriteVcardLine(line);
+        if (asJson) return PrintAnswer(answer);
+        if (answer.contains("error")) return answer["error"].get<std::string>();
+        const auto& card = answer["vcard"].get_ref<const std::string&>();
+        std::fwrite(card.data(), 1, card.size(), stdout);
         return std::nullopt;
     });
 }

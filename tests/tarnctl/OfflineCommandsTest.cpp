@@ -97,6 +97,19 @@ TEST_F(OfflineCommands, EncodeGoesOnAfterABadLine) {
     EXPECT_EQ(records[1]["error"], "not a JSON object");
 }
 
+TEST_F(OfflineCommands, WhatCouldNotBeReadIsNotWritten) {
+    const std::string unread = R"({"error":"no reader knew it"})";
+    for (const std::vector<std::string>& verb : {std::vector<std::string>{"pdu", "encode"},
+                                                 {"ems", "decode"},
+                                                 {"ems", "encode"},
+                                                 {"vcard", "write"},
+                                                 {"contact", "check"}}) {
+        const auto output = Run(verb, unread);
+        EXPECT_EQ(output.exitCode, 1);
+        EXPECT_EQ(output.errors, "line 1: no reader knew it\n") << verb[0] << " " << verb[1];
+    }
+}
+
 TEST_F(OfflineCommands, JoinsMixedParts) {
     const auto output = Run({"sms", "join"}, Lines({secondPart, plainPdu, "bad", firstPart, secondPart}));
     EXPECT_EQ(output.exitCode, 1);
