@@ -37,10 +37,6 @@ std::u16string BirthdayIn(const Json& object) {
                                   NumberIn(date, "year", 0, 9999)));
 }
 
-std::u16string English(std::string_view key) {
-    return std::u16string(EnglishContactWords(key));
-}
-
 }  // namespace
 
 Json ContactToJson(const Contact& contact) {
@@ -132,7 +128,7 @@ Json CheckContactLine(std::string_view line) try {
     if (!problem) return {{"ok", true}};
     return {{"ok", false},
             {"field", fieldNames[static_cast<int>(problem->field)]},
-            {"words", TextToUtf8(problem->Sentence(English))}};
+            {"words", TextToUtf8(problem->Sentence())}};
 } catch (const std::exception& failure) {
     return {{"error", failure.what()}};
 }

@@ -15,8 +15,7 @@ std::optional<ContactProblem> CheckNumber(std::u16string_view number, ContactFie
 }
 
 std::optional<ContactProblem> CheckName(const ContactForm& form, const HandsetNameLimits& limits) {
-    if (!IsNameCharsOk(form.name))
-        return ContactProblem{ContactField::name, Word::NameHasSlash, {}, {}};
+    if (!IsNameCharsOk(form.name)) return ContactProblem{ContactField::name, Word::NameHasSlash, {}, {}};
     if (form.storage == pcStorage) {
         if (form.name.size() <= longestPcName) return std::nullopt;
         return ContactProblem{ContactField::name, Word::NameTooLong, {}, {longestPcName}};
@@ -28,14 +27,9 @@ std::optional<ContactProblem> CheckName(const ContactForm& form, const HandsetNa
     if (FitNameToHandset(name, isSim, encoding, true, longest, limits)) return std::nullopt;
     const int longestWide = (longest - 1) / 2;
     if (encoding == packedUcs2Name)
-        return ContactProblem{ContactField::name,
-                              Word::NameTooLongPacked,
-                              {},
-                              {longest, longest - 3, longestWide}};
-    return ContactProblem{ContactField::name,
-                          Word::NameTooLongForHandset,
-                          {},
-                          {longest, longestWide}};
+        return ContactProblem{
+            ContactField::name, Word::NameTooLongPacked, {}, {longest, longest - 3, longestWide}};
+    return ContactProblem{ContactField::name, Word::NameTooLongForHandset, {}, {longest, longestWide}};
 }
 
 }  // namespace
@@ -49,10 +43,14 @@ std::u16string ContactProblem::Sentence() const {
         return Words(words, {lowered});
     }
     switch (numbers.size()) {
-        case 0: return Words(words, {});
-        case 1: return Words(words, {numbers[0]});
-        case 2: return Words(words, {numbers[0], numbers[1]});
-        default: return Words(words, {numbers[0], numbers[1], numbers[2]});
+        case 0:
+            return Words(words, {});
+        case 1:
+            return Words(words, {numbers[0]});
+        case 2:
+            return Words(words, {numbers[0], numbers[1]});
+        default:
+            return Words(words, {numbers[0], numbers[1], numbers[2]});
     }
 }
 

@@ -1,6 +1,6 @@
-#include "messaging/MessageFolder.h"
-
 #include <gtest/gtest.h>
+
+#include "messaging/MessageFolder.h"
 
 namespace tarnbridge {
 namespace {
