@@ -134,7 +134,8 @@ bool IsKnownModel(const std::string& key) {
 void AddSettingsCommands(CLI::App& app, Action& chosen) {
     CLI::App* settings = app.add_subcommand("settings", "Look into the files of settings");
     settings->require_subcommand(1);
-    const auto add = [&](const char* name, const char* description, const auto& show) {
+    using Show = ExitCode (*)(const GlobalOptions&, const std::string&);
+    const auto add = [&](const char* name, const char* description, Show show) {
         const auto file = std::make_shared<std::string>();
         CLI::App* command = settings->add_subcommand(name, description);
         command->callback([&chosen, file, show] {
