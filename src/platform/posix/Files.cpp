@@ -97,8 +97,10 @@ Outcome WriteFileAtomically(const std::filesystem::path& path,
         if (writeError == 0 && !WriteAll(descriptor.Get(), piece)) writeError = errno;
         return writeError == 0;
     });
-    errno = writeError;
-    if (writeError != 0) return fail();
+    if (writeError != 0) {
+        errno = writeError;
+        return fail();
+    }
     if (::fsync(descriptor.Get()) != 0) return fail();
     if (::close(descriptor.Release()) != 0) return fail();
     if (::rename(temporary.c_str(), target.c_str()) != 0) return fail();
