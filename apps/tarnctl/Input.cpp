@@ -47,7 +47,7 @@ ExitCode ForEachLine(const std::vector<std::string>& files,
     int number = 0;  // goes on from file to file
     return ForEachStream(files, [&](std::istream& stream) {
         ExitCode code = Done;
-        for (std::string line; std::getline(stream, line);) {
+        for (std::string line; !OutputFailed() && std::getline(stream, line);) {
             ++number;
             if (const auto failure = take(line)) {
                 PrintWords(fmt::format("line {}: {}", number, *failure));

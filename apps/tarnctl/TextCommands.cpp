@@ -38,7 +38,7 @@ ExitCode ConvertEach(const GlobalOptions& global, const TextOptions& options, co
     for (const std::string& text : options.texts)
         convertOne(text);
     if (options.texts.empty()) {
-        for (std::string line; std::getline(std::cin, line);)
+        for (std::string line; !OutputFailed() && std::getline(std::cin, line);)
             convertOne(line);
     }
     return code;

@@ -16,30 +16,19 @@
 #include "platform/Process.h"
 #include "support/TemporaryFolder.h"
 #include "support/VirtualHandset.h"
+#include "tarnctl/TarnctlFixture.h"
 
 namespace tarnbridge {
 namespace {
 
 using namespace std::chrono_literals;
-using Json = nlohmann::json;
-
-class TarnctlSettings : public ::testing::Test {
+class TarnctlSettings : public TarnctlFixture {
 protected:
     TarnctlSettings() {
-        setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
-        setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
         EXPECT_TRUE(WriteFileAtomically(folder / "data" / "tarnbridge" / "Tarnbridge.ini",
                                         "[Slow]\nbaudrate = 9600\nflowcontrol = software\n"
                                         "[Quick]\nbaudrate = 57600\nflowcontrol = noflowcontrol\n"));
     }
-
-    ProcessOutput Run(const std::vector<std::string>& arguments) {
-        const auto output = RunProcess(TARNCTL, arguments, "", 60s);
-        EXPECT_TRUE(output) << "did not end in time";
-        return output ? *output : ProcessOutput();
-    }
-
-    const test::TemporaryFolder folder;
 };
 
 TEST_F(TarnctlSettings, Models) {
