@@ -196,13 +196,18 @@ TEST_F(Tarnctl, APortHasOneUser) {
 }
 
 TEST_F(Tarnctl, OutputThatNobodyGetsIsAFailureAndTheHandsetIsHandedBack) {
-    for (const char* target : {"| head -n 1 >/dev/null; exit ${PIPESTATUS[0]}", "> /dev/full"}) {
+    // A pipe whose reader has gone, and a full disk.
+    const std::string lostPipe =
+        "mkfifo \"$2\" && exec 3<>\"$2\" 4>\"$2\" 3<&- && exec \"$0\" --port \"$1\" sms raw-list "
+        "--memory ME >&4";
+    const std::string fullDisk = "exec \"$0\" --port \"$1\" sms raw-list --memory ME > /dev/full";
+    for (const std::string& command : {lostPipe, fullDisk}) {
         handset.ForgetCommands();
-        const std::string command = std::string("\"$0\" --port \"$1\" sms raw-list --memory ME ") + target;
-        const auto output = RunProcess("bash", {"-c", command, TARNCTL, handset.Path()}, "", 60s);
+        const auto output =
+            RunProcess("bash", {"-c", command, TARNCTL, handset.Path(), (folder / "pipe").string()}, "", 60s);
         ASSERT_TRUE(output);
-        EXPECT_EQ(output->exitCode, 1) << target;
-        EXPECT_EQ(handset.Commands().back(), "AT+ESLP=1") << target;
+        EXPECT_EQ(output->exitCode, 1) << command;
+        EXPECT_EQ(handset.Commands().back(), "AT+ESLP=1") << command;
     }
     const auto offline = RunProcess("bash", {"-c", "\"$0\" text to-hex a > /dev/full", TARNCTL}, "", 60s);
     EXPECT_EQ(offline->exitCode, 1);
