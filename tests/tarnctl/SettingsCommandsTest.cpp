@@ -1,9 +1,6 @@
 // The settings commands, and what --model makes of the port.
 
-#include <cstdlib>
 #include <map>
-#include <nlohmann/json.hpp>
-#include <sstream>
 #include <thread>
 
 #include <fcntl.h>
@@ -13,8 +10,6 @@
 
 #include "platform/FileEntryStore.h"
 #include "platform/Files.h"
-#include "platform/Process.h"
-#include "support/TemporaryFolder.h"
 #include "support/VirtualHandset.h"
 #include "tarnctl/TarnctlFixture.h"
 
@@ -22,6 +17,7 @@ namespace tarnbridge {
 namespace {
 
 using namespace std::chrono_literals;
+
 class TarnctlSettings : public TarnctlFixture {
 protected:
     TarnctlSettings() {
