@@ -16,6 +16,8 @@
 
 namespace tarnbridge {
 
+class HandsetLink;
+
 /// The status of a message. 4 and 5 are private kinds of the handset.
 enum SmsStatus : int {
     smsUnread = 0,
@@ -94,7 +96,51 @@ public:
     /// now.
     bool EnsureEmsMessage(const CodePage& page = CodePage::System());
 
+    /// Turns the EmsMessage into rawParts and gives it up: a record that lies in a list takes none of the few
+    /// that there are. One that can't be laid out goes too if there are rawParts that it was made from, and
+    /// otherwise stays, with the answer false.
+    bool SettleParts();
+
+    // The operations on the handset. Each blocks for its exchanges, one at a time under the link's lock. They
+    // return false, or -1, on failure; `error` is then the number of `+CMS ERROR` if there was one, otherwise
+    // -1, and `leftBehind` names the locations that may still hold parts which should be gone.
+
+    /// Fills the record from a location. A PDU that can't be decoded leaves what could be filled, and is no
+    /// failure; an empty location is one. `answered` tells whether the handset said anything.
+    bool Read(HandsetLink& link, std::u16string_view from, int index, int& error) override;
+
+    /// Stores the message and takes its locations and its storage from the handset. Without an EmsMessage it
+    /// goes where the handset puts it, whatever `to` says; with one, to `to` if that has room, and otherwise
+    /// where the handset puts it. Only read and unread messages on a handset that can store them keep their
+    /// form as received. A status without a write command fails, as more than 10 parts do. What was written
+    /// of a message that can't be written whole is deleted again. The EmsMessage, if there is one, takes
+    /// the place of rawParts, which are empty afterwards.
+    bool Write(HandsetLink& link, std::u16string_view to, int& error) override;
+
+    /// Delete on the record's own storage.
+    bool Remove(HandsetLink& link, int& error) override;
+
+    /// Sends the message to its address, part by part; parts that were sent before one failed stay sent.
+    /// rawParts are as after Write.
+    virtual bool Send(HandsetLink& link, int& error);
+
+    /// Frees all locations of the record; true if it has none. After a failure handsetIndices are those that
+    /// weren't freed.
+    bool Delete(HandsetLink& link, std::u16string_view from, int& error);
+
+    /// Delete, then Write, both on the record's own storage. Between the two the message exists in memory
+    /// alone: the caller keeps a copy on the disk until it is done.
+    bool Update(HandsetLink& link, int& error);
+
+    /// One PDU, as an SMS-SUBMIT, into the network (`+CMGS`).
+    bool SendPdu(HandsetLink& link, int& error);
+
+    /// One PDU, by messageType and status, into the selected memory (`+CMGW`); gives its location.
+    int WritePdu(HandsetLink& link, int& error);
+
     std::vector<int> handsetIndices;  ///< places on the handset, in part order
+    std::vector<int> leftBehind;      ///< of the operation that was carried out last
+    bool answered = false;            ///< of the last Read
     std::string text8;                ///< local 8-bit text, while dcs isn't 8
     std::u16string text16;            ///< the text while dcs is 8
     std::string userDataHeader;       ///< of a single PDU, without its length octet
@@ -131,6 +177,9 @@ private:
     };
 
     void TakeTextFromEms();
+    bool WritePlain(HandsetLink& link, std::u16string_view to, int& error);
+    bool WriteEms(HandsetLink& link, std::u16string_view to, int& error);
+    void GiveUpWrite(HandsetLink& link, std::u16string_view from);
     Payload TakePayload(const CodePage& page);
     void WriteUserData(PduBuffer& buffer, const Payload& payload) const;
     void ReadUserData(PduBuffer& buffer);

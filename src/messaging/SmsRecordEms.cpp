@@ -55,6 +55,17 @@ bool SmsRecord::EnsureEmsMessage(const CodePage& page) {
     return false;
 }
 
+bool SmsRecord::SettleParts() {
+    if (!emsMessage) return true;
+    const bool header = emsMessage.HasHeader();
+    if (PrepareParts())
+        hasHeader = header ? 1 : 0;
+    else if (rawParts.empty())
+        return false;
+    emsMessage = {};
+    return true;
+}
+
 /// The layer holds a text that isn't UCS2 byte by byte.
 void SmsRecord::TakeTextFromEms() {
     const std::u16string text = EmsText(*emsMessage.Get());

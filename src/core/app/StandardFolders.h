@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/app/Profile.h"
+#include "messaging/FolderPlaces.h"
 
 namespace tarnbridge {
 
@@ -20,19 +21,6 @@ struct FolderNames {
     std::u16string pcContacts;       ///< "PC folder"
     std::u16string contactTrash;
 };
-
-/// The places of the message folders below the handset's and the PC's, for FolderNode::Child.
-enum MessagePlace : size_t {
-    inboxPlace = 0,
-    outboxPlace = 1,
-    sentPlace = 2,
-    draftPlace = 3,
-    personalPlace = 4,
-    messageTrashPlace = 5,
-};
-
-/// The places below both roots, the last one of contacts alone.
-enum RootPlace : size_t { handsetPlace = 0, pcPlace = 1, contactTrashPlace = 2 };
 
 /// After a load, or where there was no file: makes the standard folders that are missing and names all of
 /// them, by their place. Attributes stay as they were read; a folder that came without any gets its own. The

@@ -1,0 +1,242 @@
+#include "messaging/MessageTransfer.h"
+
+#include <utility>
+
+#include "link/HandsetLink.h"
+#include "messaging/ems/EmsMessage.h"
+
+namespace tarnbridge {
+namespace {
+
+constexpr const char16_t* pcStorage = u"PC";
+
+std::unique_ptr<SmsRecord> PcCopy(const SmsRecord& record) {
+    auto copy = std::make_unique<SmsRecord>(record);
+    copy->storage = pcStorage;
+    return copy;
+}
+
+}  // namespace
+
+MessageTransfer::MessageTransfer(BackgroundWorker& worker, MessageTree tree, MessageKeeper& keeper,
+                                 Request request)
+    : HandsetTask(worker),
+      tree_(tree),
+      keeper_(keeper),
+      request_(std::move(request)),
+      fromHandset_(tree.IsOnHandset(*request_.from)),
+      toHandset_(tree.IsOnHandset(*request_.to)),
+      outcomes_(request_.records.size()),
+      place_(tree.PlaceOnHandset(*request_.to)),
+      copies_(request_.records.size()) {}
+
+void MessageTransfer::Begin() {
+    for (size_t i = 0; i < outcomes_.size(); ++i) {
+        if (Holds(*request_.from, request_.records[i])) outcomes_[i].title = TitleOf(*request_.records[i]);
+    }
+    if (!fromHandset_ && !toHandset_) {
+        TransferOnPc();
+        Finish();
+        return;
+    }
+    if (!toHandset_ && !request_.move) {
+        CopyToPc();
+        Finish();
+        return;
+    }
+    Do([](HandsetLink& link, int&) { return link.EnsureSession() ? 1 : 0; },
+       [this](int answers, int) {
+           if (!answers)
+               FailAll(Word::HandsetLost);
+           else if (toHandset_ || CopyToPc())
+               Next();
+           else
+               FailAll(Word::MessageNotSaved);
+       });
+}
+
+void MessageTransfer::TransferOnPc() {
+    MessageFolder::RecordList records;
+    if (request_.move) {
+        records = TakeRecords(*request_.from, request_.records);
+    } else {
+        for (const SmsRecord* const record : request_.records) {
+            if (Holds(*request_.from, record)) records.push_back(PcCopy(*record));
+        }
+    }
+    for (auto& record : records) {
+        record->storage = pcStorage;
+        request_.to->Append(std::move(record));
+    }
+    for (MessageOutcome& outcome : outcomes_)
+        outcome.state = MessageOutcome::Done;
+    pcChanged_ = true;
+}
+
+/// Whether the copies are where they can be relied on.
+bool MessageTransfer::CopyToPc() {
+    for (size_t i = 0; i < copies_.size(); ++i) {
+        const SmsRecord* const source = request_.records[i];
+        if (!Holds(*request_.from, source)) continue;
+        copies_[i] = &request_.to->Append(PcCopy(*source));
+        if (!request_.move) outcomes_[i].state = MessageOutcome::Done;
+    }
+    pcChanged_ = true;
+    return !request_.move || keeper_.SaveNow();
+}
+
+void MessageTransfer::Next() {
+    while (current_ < outcomes_.size() && !Holds(*request_.from, request_.records[current_]))
+        ++current_;
+    if (current_ == outcomes_.size() || WasCancelled() || LostHandset()) {
+        Finish();
+        return;
+    }
+    Show({static_cast<int>(current_), static_cast<int>(outcomes_.size()), outcomes_[current_].title});
+    SmsRecord& source = *request_.records[current_];
+    if (!toHandset_)
+        DeleteSource(source);
+    else if (fromHandset_ && request_.move)
+        UpdateOnHandset(source);
+    else
+        WriteToHandset(source);
+}
+
+void MessageTransfer::DeleteSource(SmsRecord& source) {
+    const auto work = std::make_shared<SmsRecord>(source);
+    Do(OrLose([work](HandsetLink& link, int& error) { return work->Remove(link, error) ? 1 : 0; }),
+       [this, work, &source](int done, int error) {
+           if (done) {
+               TakeRecords(*request_.from, {&source});
+               Done();
+           } else {
+               source.handsetIndices = work->handsetIndices;
+               Failed(Word::MessageNotDeleted, error, work->leftBehind);
+           }
+       });
+}
+
+/// Makes what is written: as the folder has it, and with an EmsMessage, since only such a one goes to the
+/// memory that is asked for.
+bool MessageTransfer::Prepare(Work& work, MessagePlace place, HandsetLink& link) {
+    const bool canStoreReceived = link.Features().canStoreReceived;
+    work.wentToDraft = place == inboxPlace && !canStoreReceived;
+    work.record.status = StatusForPlace(place, work.record.status, canStoreReceived);
+    return work.record.EnsureEmsMessage() && work.record.emsMessage.Get()->segmentsUsed <= emsSegments;
+}
+
+void MessageTransfer::WriteToHandset(SmsRecord& source) {
+    const WorkPointer work(new Work{source});
+    Do(OrLose([work, place = place_, memory = request_.memory](HandsetLink& link, int& error) {
+           work->written = Prepare(*work, place, link) && work->record.Write(link, memory, error);
+           work->record.SettleParts();
+           return work->written ? 1 : 0;
+       }),
+       [this, work, &source](int written, int error) {
+           if (!written) {
+               Failed(Word::MessageNotWritten, error, work->record.leftBehind);
+               return;
+           }
+           KeepInMirror(*work);
+           if (request_.move) {
+               TakeRecords(*request_.from, {&source});
+               pcChanged_ = true;
+           }
+           Done();
+       });
+}
+
+void MessageTransfer::UpdateOnHandset(SmsRecord& source) {
+    MessageFolder& draft = tree_.OnPc(draftPlace);
+    SmsRecord& kept = draft.Append(PcCopy(source));
+    pcChanged_ = true;
+    if (!keeper_.SaveNow()) {
+        TakeRecords(draft, {&kept});
+        Failed(Word::MessageNotSaved, -1);
+        return;
+    }
+    const WorkPointer work(new Work{source});
+    Do(OrLose([work, place = place_, memory = request_.memory](HandsetLink& link, int& error) {
+           SmsRecord& record = work->record;
+           work->remaining = record.handsetIndices;
+           if (!Prepare(*work, place, link)) return 0;
+           if (memory.empty() || memory == record.storage) {
+               work->written = record.Update(link, error);
+               work->remaining = work->written ? std::vector<int>() : record.handsetIndices;
+           } else {
+               // There is room for both elsewhere: nothing is deleted before it is written.
+               SmsRecord old = record;
+               work->written = record.Write(link, memory, error);
+               if (work->written) old.Remove(link, error);
+               work->remaining = old.handsetIndices;
+           }
+           record.SettleParts();
+           return work->written && work->remaining.empty() ? 1 : 0;
+       }),
+       [this, work, &source, &kept](int, int error) { Updated(source, kept, *work, error); });
+}
+
+void MessageTransfer::Updated(SmsRecord& source, SmsRecord& kept, Work& work, int error) {
+    std::vector<int> leftBehind = work.record.leftBehind;
+    const bool deleted = work.remaining.empty();
+    const bool written = work.written;
+    if (written) {
+        KeepInMirror(work);
+        TakeRecords(tree_.OnPc(draftPlace), {&kept});
+    } else {
+        outcomes_[current_].keptInDraft = true;
+    }
+    if (deleted)
+        TakeRecords(*request_.from, {&source});
+    else
+        source.handsetIndices = leftBehind = work.remaining;
+    if (written && deleted)
+        Done();
+    else
+        Failed(written ? Word::MessageNotDeleted : Word::MessageNotUpdated, error, std::move(leftBehind));
+}
+
+void MessageTransfer::KeepInMirror(Work& work) {
+    wentToDraft_ = wentToDraft_ || work.wentToDraft;
+    tree_.OnHandset(PlaceOfStatus(work.record.status))
+        .Append(std::make_unique<SmsRecord>(std::move(work.record)));
+}
+
+void MessageTransfer::Done() {
+    outcomes_[current_].state = MessageOutcome::Done;
+    GoOn();
+}
+
+void MessageTransfer::FailAll(Word words) {
+    for (MessageOutcome& outcome : outcomes_)
+        outcome.Fail(words);
+    Finish();
+}
+
+void MessageTransfer::Failed(Word words, int error, std::vector<int> leftBehind) {
+    outcomes_[current_].Fail(words, error, std::move(leftBehind));
+    GoOn();
+}
+
+void MessageTransfer::GoOn() {
+    ++current_;
+    Next();
+}
+
+/// A message that was copied to the PC only to be moved isn't there when its move hasn't begun.
+void MessageTransfer::Finish() {
+    if (request_.move && fromHandset_ && !toHandset_) {
+        std::vector<SmsRecord*> unused;
+        for (size_t i = 0; i < copies_.size(); ++i) {
+            const MessageOutcome& outcome = outcomes_[i];
+            const bool begun =
+                outcome.state != MessageOutcome::NotTried && outcome.words != Word::MessageNotSaved;
+            if (copies_[i] && !begun) unused.push_back(copies_[i]);
+        }
+        TakeRecords(*request_.to, unused);
+    }
+    if (pcChanged_) keeper_.PcFoldersChanged();
+    End();
+}
+
+}  // namespace tarnbridge
