@@ -50,11 +50,11 @@ void MessageRemoval::Next() {
     const auto work = std::make_shared<SmsRecord>(source);
     Do(OrLose([work](HandsetLink& link, int& error) { return work->Remove(link, error) ? 1 : 0; }),
        [this, work, &source, &outcome](int done, int error) {
-           if (done) {
+           if (done && work->leftBehind.empty()) {
                TakeRecords(folder_, {&source});
                outcome.state = MessageOutcome::Done;
            } else {
-               source.handsetIndices = work->handsetIndices;
+               source.handsetIndices = work->leftBehind;
                outcome.Fail(Word::MessageNotDeleted, error, work->leftBehind);
            }
            ++current_;

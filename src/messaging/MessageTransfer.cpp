@@ -106,11 +106,11 @@ void MessageTransfer::DeleteSource(SmsRecord& source) {
     const auto work = std::make_shared<SmsRecord>(source);
     Do(OrLose([work](HandsetLink& link, int& error) { return work->Remove(link, error) ? 1 : 0; }),
        [this, work, &source](int done, int error) {
-           if (done) {
+           if (done && work->leftBehind.empty()) {
                TakeRecords(*request_.from, {&source});
                Done();
            } else {
-               source.handsetIndices = work->handsetIndices;
+               source.handsetIndices = work->leftBehind;
                Failed(Word::MessageNotDeleted, error, work->leftBehind);
            }
        });

@@ -267,7 +267,11 @@ bool SmsRecord::Delete(HandsetLink& link, std::u16string_view from, int& error) 
 
 bool SmsRecord::Update(HandsetLink& link, int& error) {
     const std::u16string memory = storage;
-    return Delete(link, memory, error) && Write(link, memory, error);
+    if (!Delete(link, memory, error)) return false;
+    const std::vector<int> undeleted = leftBehind;
+    const bool written = Write(link, memory, error);
+    leftBehind.insert(leftBehind.end(), undeleted.begin(), undeleted.end());
+    return written;
 }
 
 }  // namespace tarnbridge

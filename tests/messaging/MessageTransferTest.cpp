@@ -1,0 +1,203 @@
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include "messaging/MessageRemoval.h"
+#include "messaging/MessageTaskTest.h"
+#include "messaging/MessageTransfer.h"
+
+namespace tarnbridge::test {
+namespace {
+
+using Strings = std::vector<std::string>;
+using Locations = std::map<int, int>;
+
+class Transfer : public MessageTask {
+protected:
+    /// Runs a transfer of some records; the outcomes are in `outcomes`.
+    bool Run(MessageFolder& from, std::vector<SmsRecord*> records, MessageFolder& to, bool move,
+             const std::u16string& memory = u"ME", int cancelAfter = -1) {
+        MessageTransfer transfer(worker, tree, keeper, {&from, std::move(records), &to, memory, move});
+        transfer.onProgress = [&](const HandsetTask::Standing& standing) {
+            if (standing.done == cancelAfter) transfer.Cancel();
+        };
+        EXPECT_TRUE(RunTask(transfer));
+        outcomes = transfer.Outcomes();
+        wentToDraft = transfer.WentToDraft();
+        return AllDone(outcomes);
+    }
+
+    MessageFolder& inbox = tree.OnPc(inboxPlace);
+    MessageFolder& draft = tree.OnPc(draftPlace);
+    MessageFolder& handsetInbox = tree.OnHandset(inboxPlace);
+    MessageFolder& handsetDraft = tree.OnHandset(draftPlace);
+    std::vector<MessageOutcome> outcomes;
+    bool wentToDraft = false;
+};
+
+TEST_F(Transfer, WithinThePcRecordsMoveAndCopiesAreNew) {
+    SmsRecord& first = Put(inbox, u"first");
+    SmsRecord& second = Put(inbox, u"second");
+    worker.Stop();
+    EXPECT_TRUE(Run(inbox, {&second}, draft, true));
+    EXPECT_EQ(draft.records.at(0).get(), &second);
+    EXPECT_TRUE(Run(inbox, {&first}, draft, false));
+    EXPECT_EQ(Texts(inbox), Strings{"first"});
+    EXPECT_EQ(Texts(draft), (Strings{"second", "first"}));
+    EXPECT_EQ(keeper.changes, 2);
+    EXPECT_TRUE(session.handset.Commands().empty());
+}
+
+TEST_F(Transfer, ToThePcAndBack) {
+    SmsRecord& whole = PutOnHandset(std::u16string(400, u'x'), smsRead);
+    SmsRecord& other = PutOnHandset(u"other", smsRead);
+    EXPECT_TRUE(Run(handsetInbox, {&whole, &other}, inbox, false));
+    EXPECT_EQ(keeper.saves, 0);
+    EXPECT_EQ(session.Locations("ME").size(), 4u) << "a copy leaves the handset alone";
+    EXPECT_TRUE(Run(handsetInbox, {&whole, &other}, inbox, true));
+    EXPECT_EQ(keeper.saves, 1);
+    EXPECT_TRUE(session.Locations("ME").empty()) << "all parts of a long message go";
+    EXPECT_TRUE(handsetInbox.records.empty());
+    ASSERT_EQ(inbox.records.size(), 4u);
+    EXPECT_EQ(inbox.records[0]->storage, u"PC");
+
+    EXPECT_TRUE(Run(inbox, {inbox.records[0].get()}, tree.OnHandset(outboxPlace), true, u"SM"));
+    EXPECT_EQ(session.Locations("SM"), (Locations{{1, 5}, {2, 5}, {3, 5}})) << "to the memory asked for";
+    EXPECT_EQ(inbox.records.size(), 3u);
+    EXPECT_EQ(tree.OnHandset(outboxPlace).records.at(0)->storage, u"SM");
+    EXPECT_FALSE(tree.OnHandset(outboxPlace).records.at(0)->emsMessage)
+        << "what lies in a list takes no slot";
+}
+
+TEST_F(Transfer, WhatTheHandsetCannotStoreAsReceivedLiesInItsDraft) {
+    session.SetStoreQuery("ERROR");
+    SmsRecord& record = Put(inbox, u"x", smsRead);
+    EXPECT_TRUE(Run(inbox, {&record}, handsetInbox, false));
+    EXPECT_TRUE(wentToDraft);
+    EXPECT_EQ(session.Locations("ME"), (Locations{{1, 2}}));
+    EXPECT_EQ(Texts(handsetDraft), Strings{"x"});
+}
+
+TEST_F(Transfer, NothingLeavesTheHandsetBeforeItIsOnTheDisk) {
+    SmsRecord& record = PutOnHandset(u"x", smsRead);
+    keeper.fails = true;
+    EXPECT_FALSE(Run(handsetInbox, {&record}, inbox, true));
+    EXPECT_EQ(outcomes[0].words, Word::MessageNotSaved);
+    EXPECT_FALSE(Run(handsetInbox, {&record}, handsetDraft, true));
+    EXPECT_EQ(session.Locations("ME"), (Locations{{1, 1}}));
+    EXPECT_TRUE(inbox.records.empty() && draft.records.empty());
+    EXPECT_EQ(Texts(handsetInbox), Strings{"x"});
+}
+
+TEST_F(Transfer, AMoveOnTheHandsetIsWrittenAnewInItsNewFolder) {
+    SmsRecord& record = PutOnHandset(u"x", smsDraft);
+    EXPECT_TRUE(Run(handsetDraft, {&record}, tree.OnHandset(sentPlace), true, {}));
+    EXPECT_EQ(session.Locations("ME"), (Locations{{1, 3}}));
+    EXPECT_TRUE(handsetDraft.records.empty());
+    EXPECT_TRUE(draft.records.empty()) << "the copy is needed no more";
+    EXPECT_TRUE(Run(tree.OnHandset(sentPlace), {tree.OnHandset(sentPlace).records[0].get()}, handsetDraft,
+                    true, u"SM"));
+    EXPECT_EQ(session.Locations("SM"), (Locations{{1, 2}}));
+    EXPECT_TRUE(session.Locations("ME").empty());
+}
+
+TEST_F(Transfer, AFullHandsetRefusesAndKeepsWhatItHas) {
+    session.SetCapacities(0, 2);
+    PutOnHandset(u"first", smsDraft);
+    SmsRecord& record = Put(inbox, std::u16string(200, u'x'));
+    EXPECT_FALSE(Run(inbox, {&record}, handsetDraft, true));
+    EXPECT_EQ(outcomes[0].words, Word::MessageNotWritten);
+    EXPECT_EQ(outcomes[0].error, 322);
+    EXPECT_EQ(session.Locations("ME").size(), 1u);
+    EXPECT_EQ(inbox.records.size(), 1u);
+}
+
+TEST_F(Transfer, ACancelLeavesTheRestAsItWas) {
+    std::vector<SmsRecord*> records;
+    for (const char16_t* const text : {u"a", u"b", u"c"})
+        records.push_back(&PutOnHandset(text, smsRead));
+    EXPECT_FALSE(Run(handsetInbox, records, inbox, true, {}, 1));
+    EXPECT_EQ(Texts(inbox), (Strings{"a", "b"})) << "a copy goes when its message stays";
+    EXPECT_EQ(Texts(handsetInbox), Strings{"c"});
+    EXPECT_EQ(session.Locations("ME").size(), 1u);
+    EXPECT_EQ(outcomes[2].state, MessageOutcome::NotTried);
+}
+
+/// Whatever goes away whenever it does: the message is whole on the disk, or whole on the handset, and what
+/// the handset holds of it beside that is named.
+TEST_F(Transfer, AtEveryStepNothingIsLostAndWhatIsLeftIsNamed) {
+    const std::u16string text(400, u'x');  // three parts
+    const std::string stored(400, 'x');
+    const auto has = [&](const MessageFolder& folder) {
+        const Strings texts = MessageTask::Texts(folder);
+        return std::count(texts.begin(), texts.end(), stored) != 0;
+    };
+    enum Way { ToPc, ToHandset, OnHandset, OtherMemory };
+    link.commandTimeout = 60;
+    for (const Way way : {ToPc, ToHandset, OnHandset, OtherMemory}) {
+        for (const char* const fault : {"unplug-after={}", "silent-after={}", "error=+CMG:302,after={}"}) {
+            bool finished = false;
+            // Silence costs time-outs.
+            const int stride = std::string_view(fault).starts_with("silent") ? 3 : 1;
+            for (int step = 0; !finished; step += stride) {
+                session.handset.Plug();
+                session.handset.SetFaults({});
+                session.handset.With([](simulator::HandsetContent& content) {
+                    content.simMessages.items.clear();
+                    content.phoneMessages.items.clear();
+                    return 0;
+                });
+                session.Reconnect();
+                for (MessageFolder* const folder : {&inbox, &draft, &handsetInbox, &handsetDraft})
+                    folder->RemoveRecords();
+                SmsRecord& record = way == ToHandset ? Put(inbox, text) : PutOnHandset(text, smsRead);
+                MessageFolder& from = way == ToHandset ? inbox : handsetInbox;
+                session.handset.SetFaults({fmt::format(fmt::runtime(fault), step)});
+                finished = Run(from, {&record}, way == ToPc ? inbox : handsetDraft, true,
+                               way == OtherMemory ? u"SM" : u"ME");
+                const std::string where = fmt::format("way {} {} {}", static_cast<int>(way), fault, step);
+
+                const size_t onHandset = session.Locations("SM").size() + session.Locations("ME").size();
+                const bool onPc = has(inbox) || has(draft);
+                const bool onSim = session.Locations("SM").size() == 3;
+                EXPECT_TRUE(onPc || onSim || session.Locations("ME").size() == 3) << where;
+                size_t mirrored = 0;
+                for (MessageFolder* const folder : {&handsetInbox, &handsetDraft}) {
+                    for (const auto& own : folder->records)
+                        mirrored += own->handsetIndices.size();
+                }
+                if (way == ToHandset) {
+                    EXPECT_EQ(onHandset, mirrored + outcomes[0].leftBehind.size()) << where;
+                } else if (way != OtherMemory) {
+                    EXPECT_LE(onHandset, std::max(mirrored, outcomes[0].leftBehind.size())) << where;
+                }
+                EXPECT_EQ(has(draft), outcomes[0].keptInDraft) << where;
+                ASSERT_LT(step, 60) << where;
+            }
+        }
+    }
+}
+
+TEST_F(Transfer, DeletingGoesToTheTrashFirstAndIsForGoodThere) {
+    SmsRecord& record = Put(inbox, u"x");
+    MessageFolder& trash = tree.OnPc(messageTrashPlace);
+    MessageRemoval toTrash(worker, tree, keeper, inbox, {&record});
+    EXPECT_TRUE(RunTask(toTrash));
+    EXPECT_EQ(Texts(trash), Strings{"x"});
+    MessageRemoval forGood(worker, tree, keeper, trash, {&record});
+    EXPECT_TRUE(RunTask(forGood));
+    EXPECT_TRUE(trash.records.empty());
+
+    std::vector<SmsRecord*> records;
+    for (const char16_t* const text : {u"a", u"b", u"c"})
+        records.push_back(&PutOnHandset(text, smsRead));
+    session.handset.SetFaults({"error=+CMGD:302,after=1,times=1"});
+    MessageRemoval onHandset(worker, tree, keeper, handsetInbox, records);
+    EXPECT_TRUE(RunTask(onHandset));
+    EXPECT_EQ(Texts(handsetInbox), Strings{"b"});
+    EXPECT_EQ(onHandset.Outcomes()[1].error, 302);
+    EXPECT_EQ(session.Locations("ME"), (Locations{{2, 1}}));
+    EXPECT_NE(FailureWords(onHandset.Outcomes()).find(u"302"), std::u16string::npos);
+}
+
+}  // namespace
+}  // namespace tarnbridge::test
