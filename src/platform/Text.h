@@ -18,6 +18,10 @@ std::u16string WidenBytes(std::string_view bytes);
 /// Whether two byte strings are equal but for the case of the ASCII letters.
 bool EqualIgnoringCase(std::string_view first, std::string_view second);
 
+/// The text in small letters, for searching whatever the case. A letter outside the first 65,536 characters,
+/// or one whose small form has another length, stays.
+std::u16string FoldCase(std::u16string_view text);
+
 /// Upper-case hexadecimal digits of the bytes, two a byte.
 std::string BytesToHex(std::string_view bytes);
 

@@ -135,10 +135,10 @@ TEST_F(Transfer, AtEveryStepNothingIsLostAndWhatIsLeftIsNamed) {
     link.commandTimeout = 60;
     for (const Way way : {ToPc, ToHandset, OnHandset, OtherMemory}) {
         for (const char* const fault : {"unplug-after={}", "silent-after={}", "error=+CMG:302,after={}"}) {
+            const bool slow = std::string_view(fault).starts_with("silent");  // each step waits for time-outs
+            if (slow && way != ToHandset && way != OnHandset) continue;
             bool finished = false;
-            // Silence costs time-outs.
-            const int stride = std::string_view(fault).starts_with("silent") ? 3 : 1;
-            for (int step = 0; !finished; step += stride) {
+            for (int step = 0; !finished; step += slow ? 3 : 1) {
                 session.handset.Plug();
                 session.handset.SetFaults({});
                 session.handset.With([](simulator::HandsetContent& content) {

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+
+#include "core/base/UserInteraction.h"
+#include "messaging/MessageTree.h"
+
+namespace tarnbridge {
+
+/// What the user does to the folders of messages on the PC, with the questions and the refusals. For the
+/// thread that owns the folders. Each true means that something has changed.
+class MessageFolders {
+public:
+    MessageFolders(MessageTree tree, UserInteraction& user, MessageKeeper& keeper)
+        : tree_(tree), user_(user), keeper_(keeper) {}
+
+    static bool MayMakeFolder(const MessageFolder& under);
+    /// Whether the user made it, so that it can be renamed and deleted.
+    static bool MayChange(const MessageFolder& folder);
+
+    /// A new folder, called "New Folder" if the name is empty. Where there may be none the user is told so.
+    MessageFolder* Make(MessageFolder& under, const std::u16string& name);
+
+    /// An empty name leaves the old one.
+    bool Rename(MessageFolder& folder, const std::u16string& name);
+
+    /// A folder with all that is in it goes to the trash can, or for good if the user says No to that; one in
+    /// the trash can goes for good if he says Yes. The folder may be gone afterwards.
+    bool Remove(MessageFolder& folder);
+
+    /// Destroys all that is in the trash can if the user says Yes.
+    bool CleanTrash();
+
+    /// Whether messages may go from one folder to the other; if not, the user has been told.
+    bool MayTransfer(const MessageFolder& from, const MessageFolder& to, bool move);
+
+    /// Whether the user wants to delete messages.
+    bool ConfirmDelete();
+
+private:
+    const MessageTree tree_;
+    UserInteraction& user_;
+    MessageKeeper& keeper_;
+};
+
+}  // namespace tarnbridge

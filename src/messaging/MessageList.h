@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "messaging/MessageFolder.h"
+
+namespace tarnbridge {
+
+/// The list of a folder's messages as the user sees it, sorted and filtered, in the records' own order at
+/// first. Nothing is decoded for it. It is a picture of the folder: Open takes it anew after each change, and
+/// a record is looked at only while it lies in the folder. For the thread that owns the folder.
+class MessageList {
+public:
+    enum class Column { Memory, Address, Time, Text };
+
+    struct Row {
+        SmsRecord* record = nullptr;
+        uint64_t time = 0;  ///< for comparing
+        std::u16string address;
+        std::u16string text;  ///< without the marks 0x1B
+        std::u16string folded{};
+    };
+
+    /// Takes the folder's lock; sorts and filters as before.
+    void Open(const MessageFolder& folder);
+    void Close();
+
+    /// Rows that are equal keep their order.
+    void Sort(Column column, bool ascending);
+
+    /// Shows only those whose address or text contains this, whatever the case of its letters; all if empty.
+    void Filter(std::u16string_view text);
+
+    size_t Count() const { return shown_.size(); }
+    const Row& At(size_t place) const { return rows_[shown_[place]]; }
+
+    /// What stands in a column of a row.
+    static std::u16string CellOf(const Row& row, Column column);
+
+private:
+    void Show();
+
+    std::vector<Row> rows_;
+    std::vector<uint32_t> shown_;
+    std::u16string filter_;
+    Column column_ = Column::Time;
+    bool sorted_ = false;
+    bool ascending_ = true;
+};
+
+}  // namespace tarnbridge

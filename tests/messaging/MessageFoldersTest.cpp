@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include "messaging/MessageFolders.h"
+#include "messaging/MessageList.h"
+#include "messaging/MessageTaskTest.h"
+#include "support/ScriptedUser.h"
+
+namespace tarnbridge::test {
+namespace {
+
+class MessageFoldersTest : public ::testing::Test {
+protected:
+    MessageFoldersTest() {
+        for (const size_t count : {size_t{4}, size_t{6}}) {
+            MessageFolder& side = root.Append(std::make_unique<MessageFolder>());
+            for (size_t i = 0; i < count; ++i)
+                side.Append(std::make_unique<MessageFolder>());
+        }
+        personal.attributes.allowsSubfolders = 1;
+        trash.name = u"Trash Can";
+    }
+
+    MessageFolder root;
+    MessageTree tree{root};
+    MessageFolder& personal = tree.OnPc(personalPlace);
+    MessageFolder& trash = tree.OnPc(messageTrashPlace);
+    ScriptedUser user;
+    FakeKeeper keeper;
+    MessageFolders folders{tree, user, keeper};
+};
+
+TEST_F(MessageFoldersTest, AreMadeRenamedAndMovedToTheTrashWithTheirContent) {
+    MessageFolder* const made = folders.Make(personal, {});
+    ASSERT_NE(made, nullptr);
+    EXPECT_EQ(made->name, u"New Folder");
+    EXPECT_FALSE(folders.Rename(*made, {})) << "an empty name leaves the old one";
+    EXPECT_TRUE(folders.Rename(*made, u"Family"));
+    MessageFolder* const below = folders.Make(*made, u"Sister");
+    ASSERT_NE(below, nullptr);
+    below->Append(std::make_unique<SmsRecord>());
+    EXPECT_EQ(folders.Make(trash, u"x"), nullptr);
+    EXPECT_FALSE(folders.Rename(personal, u"x")) << "not the user's";
+    EXPECT_FALSE(folders.Remove(personal));
+
+    user.answers = {Answer::Cancel, Answer::Yes, Answer::No, Answer::Yes};
+    EXPECT_FALSE(folders.Remove(*made));
+    EXPECT_TRUE(folders.Remove(*made));
+    EXPECT_TRUE(personal.children.empty());
+    EXPECT_TRUE(tree.IsInTrash(*below)) << "with all that is in it";
+    EXPECT_FALSE(folders.Remove(*below)) << "for good only when the user says so";
+    EXPECT_TRUE(folders.Remove(*below));
+    EXPECT_TRUE(made->children.empty());
+    EXPECT_EQ(user.heard,
+              (std::vector<std::u16string>{u"Failed to create new folder!",
+                                           u"Do you want to move this folder to Trash Can?",
+                                           u"Do you want to move this folder to Trash Can?",
+                                           u"Are you sure to delete ?", u"Are you sure to delete ?"}));
+    EXPECT_EQ(keeper.changes, 5);
+}
+
+TEST_F(MessageFoldersTest, TransfersAndCleaningAskAndRefuse) {
+    MessageFolder& inbox = tree.OnPc(inboxPlace);
+    EXPECT_FALSE(folders.MayTransfer(inbox, inbox, true));
+    EXPECT_TRUE(folders.MayTransfer(inbox, inbox, false));
+    EXPECT_FALSE(folders.MayTransfer(inbox, tree.PcRoot(), true));
+    EXPECT_EQ(user.heard[0], u"Can't move the message(s) to the same folder!");
+    trash.Append(std::make_unique<SmsRecord>());
+    trash.Append(std::make_unique<MessageFolder>());
+    user.answers = {Answer::No, Answer::Yes};
+    EXPECT_FALSE(folders.CleanTrash());
+    EXPECT_EQ(trash.records.size(), 1u);
+    EXPECT_TRUE(folders.CleanTrash());
+    EXPECT_TRUE(trash.records.empty() && trash.children.empty());
+}
+
+TEST_F(MessageFoldersTest, TheListSortsAndFiltersWithoutTouchingTheRecords) {
+    struct Case {
+        const char* number;
+        const char16_t* text;
+        uint16_t year;
+        const char16_t* storage;
+    };
+    for (const Case& row : {Case{"+2", u"B\u001B{\u00C4rger", 7, u"ME"}, Case{"+1", u"a", 99, u"SM"},
+                            Case{"+3", u"c", 107, u"PC"}}) {
+        auto record = std::make_unique<SmsRecord>();
+        record->dcs = 8;
+        record->text16 = row.text;
+        record->address.number = row.number;
+        record->timestamp.year = row.year;
+        record->storage = row.storage;
+        personal.Append(std::move(record));
+    }
+    MessageList list;
+    list.Open(personal);
+    const auto cells = [&](MessageList::Column column) {
+        std::vector<std::u16string> found;
+        for (size_t i = 0; i < list.Count(); ++i)
+            found.push_back(MessageList::CellOf(list.At(i), column));
+        return found;
+    };
+    using Column = MessageList::Column;
+    using Cells = std::vector<std::u16string>;
+    EXPECT_EQ(cells(Column::Text), (Cells{u"B{\u00C4rger", u"a", u"c"}));
+    list.Sort(Column::Time, true);
+    EXPECT_EQ(cells(Column::Address), (Cells{u"+1", u"+2", u"+3"})) << "1999, 2007, 2007 as imported";
+    list.Sort(Column::Memory, false);
+    EXPECT_EQ(cells(Column::Memory), (Cells{u"SIM", u"PC", u"ME"}));
+    list.Filter(u"\u00E4RG");
+    EXPECT_EQ(cells(Column::Address), Cells{u"+2"});
+    list.Filter(u"");
+    EXPECT_EQ(list.Count(), 3u);
+}
+
+}  // namespace
+}  // namespace tarnbridge::test
