@@ -11,17 +11,12 @@ namespace {
 class MessageFoldersTest : public ::testing::Test {
 protected:
     MessageFoldersTest() {
-        for (const size_t count : {size_t{4}, size_t{6}}) {
-            MessageFolder& side = root.Append(std::make_unique<MessageFolder>());
-            for (size_t i = 0; i < count; ++i)
-                side.Append(std::make_unique<MessageFolder>());
-        }
         personal.attributes.allowsSubfolders = 1;
         trash.name = u"Trash Can";
     }
 
     MessageFolder root;
-    MessageTree tree{root};
+    MessageTree tree = MakeTree(root);
     MessageFolder& personal = tree.OnPc(personalPlace);
     MessageFolder& trash = tree.OnPc(messageTrashPlace);
     ScriptedUser user;

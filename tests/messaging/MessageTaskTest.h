@@ -21,16 +21,21 @@ struct FakeKeeper : MessageKeeper {
     bool fails = false;
 };
 
+/// The fixed folders below a root.
+inline MessageTree MakeTree(MessageFolder& root) {
+    for (const size_t count : {size_t{4}, size_t{6}}) {
+        MessageFolder& side = root.Append(std::make_unique<MessageFolder>());
+        for (size_t i = 0; i < count; ++i)
+            side.Append(std::make_unique<MessageFolder>());
+    }
+    return MessageTree(root);
+}
+
 /// A handset of 20 and 100 locations, the worker, and a tree of the fixed folders.
 class MessageTask : public ::testing::Test {
 protected:
     MessageTask() {
         EmsInit(1);
-        for (const size_t count : {size_t{4}, size_t{6}}) {
-            MessageFolder& side = root.Append(std::make_unique<MessageFolder>());
-            for (size_t i = 0; i < count; ++i)
-                side.Append(std::make_unique<MessageFolder>());
-        }
         session.SetCapacities(20, 100);
         EXPECT_TRUE(worker.Start(link));
         session.handset.ForgetCommands();
@@ -74,7 +79,7 @@ protected:
     HandsetLink& link = session.link;
     BackgroundWorker worker;
     MessageFolder root;
-    MessageTree tree{root};
+    MessageTree tree = MakeTree(root);
     FakeKeeper keeper;
 };
 
