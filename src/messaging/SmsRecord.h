@@ -92,6 +92,10 @@ public:
     /// taken, where there is none.
     bool RebuildFromParts();
 
+    /// Takes over a message, which must be there, in place of the present content: coding, header and text
+    /// become its own, and rawParts empty.
+    void SetEmsMessage(EmsHandle message);
+
     /// Makes the EmsMessage if there is none, out of rawParts or else out of the text. Whether there is one
     /// now.
     bool EnsureEmsMessage(const CodePage& page = CodePage::System());

@@ -1,6 +1,7 @@
 // The seam between a record and its EmsMessage.
 
 #include <algorithm>
+#include <utility>
 
 #include "messaging/SmsRecord.h"
 #include "messaging/ems/Ems.h"
@@ -39,6 +40,15 @@ bool SmsRecord::RebuildFromParts() {
                                    buffers.data(), lengths.data(), codings.data());
     TakeTextFromEms();
     return result == EmsResult::Done;
+}
+
+void SmsRecord::SetEmsMessage(EmsHandle message) {
+    emsMessage = std::move(message);
+    dcs = emsMessage.Get()->dcs;
+    hasHeader = emsMessage.HasHeader() ? 1 : 0;
+    userDataHeader.clear();
+    rawParts.clear();
+    TakeTextFromEms();
 }
 
 bool SmsRecord::EnsureEmsMessage(const CodePage& page) {
