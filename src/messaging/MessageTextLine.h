@@ -23,10 +23,10 @@ enum class MessageLineFault {
     NoSlot,     ///< every slot of the EMS layer is taken, or it isn't initialised
 };
 
-/// Reads a line, its end included, into a new record; with a fault the record is of no use. The
-/// number is cut at 256 characters, and the time, which is taken for one of this zone, at 64. The record is
-/// composed, in "PC", UCS2 where a character lies above 127 and else of the GSM alphabet, and has its parts
-/// but no EmsMessage. A slot is needed meanwhile.
+/// Reads a line, its end included, into a new record; with a fault the record is of no use. The number is cut
+/// at 256 characters, and the time, which is taken for one of this zone, at 64. The record is composed, in
+/// "PC", UCS2 where a character lies above 127 and else of the GSM alphabet, and has its parts but no
+/// EmsMessage; a slot is needed meanwhile. Marks 0x1B stay but where the text becomes UCS2.
 MessageLineFault ReadMessageLine(std::u16string_view line, int minutesEastOfUtc, SmsRecord& record,
                                  const CodePage& page = CodePage::System());
 
