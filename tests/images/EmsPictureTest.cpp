@@ -20,10 +20,10 @@ TEST(EmsPicture, BitsAreOnePackedRun) {
     const EmsPicture picture = MakeEmsPicture(bitmap);
     EXPECT_EQ(picture.width, 9);
     EXPECT_EQ(picture.height, 3);
-    EXPECT_EQ(picture.bits, (Bytes{0b1000'0000, 0b0000'0000, 0b0100'0000, 0b1000'0000}));
+    EXPECT_EQ(picture.bits, (Bytes{0b1000'0000, 0b0000'0000, 0b0100'0000, 0b0100'0000}));
 
     std::swap(bitmap.palette()[0], bitmap.palette()[1]);
-    EXPECT_EQ(MakeEmsPicture(bitmap).bits, (Bytes{0b0111'1111, 0b1111'1111, 0b1011'1111, 0b0110'0000}));
+    EXPECT_EQ(MakeEmsPicture(bitmap).bits, (Bytes{0b0111'1111, 0b1111'1111, 0b1011'1111, 0b1010'0000}));
     bitmap.palette()[0] = {0, 255, 0, 255};
     bitmap.palette()[1] = {255, 0, 0, 255};
     EXPECT_EQ(MakeEmsPicture(bitmap).bits[0], 0b0111'1111) << "green is light and blue is dark";
