@@ -1,0 +1,141 @@
+#include "messaging/MessageTextFile.h"
+
+#include <array>
+#include <cerrno>
+#include <fstream>
+
+namespace tarnbridge {
+namespace {
+
+constexpr char16_t byteOrderMark = 0xFEFF;
+/// The first unit where the file is UTF-16BE or UTF-8 and says so.
+constexpr char16_t bigEndianMark = 0xFFFE;
+constexpr char16_t utf8Mark = 0xBBEF;
+
+constexpr size_t pieceSize = 65536;  ///< bytes
+
+void AppendLittleEndian(std::string& bytes, std::u16string_view text) {
+    for (const char16_t unit : text) {
+        bytes += static_cast<char>(unit);
+        bytes += static_cast<char>(unit >> 8);
+    }
+}
+
+/// Makes lines out of units, and messages out of lines.
+class LineCollector {
+public:
+    LineCollector(int minutesEastOfUtc, const MessageSink& take, const CodePage& page)
+        : minutesEastOfUtc_(minutesEastOfUtc), take_(take), page_(page) {}
+
+    void Add(char16_t unit) {
+        if (line_.size() < longestMessageLine)
+            line_ += unit;
+        else
+            isTooLong_ = true;
+        if (unit == u'\n') EndLine();
+    }
+
+    /// `isCut`: half a unit is left over.
+    MessageImport Finish(bool isCut) {
+        ++number_;
+        if (!line_.empty() || isCut) Refuse(MessageLineFault::Malformed);
+        return std::move(result_);
+    }
+
+private:
+    void EndLine() {
+        ++number_;
+        const bool isBlank = line_ == u"\n" || line_ == u"\r\n";
+        if (isTooLong_) {
+            Refuse(MessageLineFault::TooLong);
+        } else if (!isBlank) {
+            auto record = std::make_unique<SmsRecord>();
+            const MessageLineFault fault = ReadMessageLine(line_, minutesEastOfUtc_, *record, page_);
+            if (fault == MessageLineFault::None) {
+                ++result_.taken;
+                take_(std::move(record));
+            } else {
+                Refuse(fault);
+            }
+        }
+        line_.clear();
+        isTooLong_ = false;
+    }
+
+    void Refuse(MessageLineFault fault) {
+        if (result_.refused++ < MessageImport::mostRefusedLines)
+            result_.refusedLines.push_back({number_, fault});
+    }
+
+    const int minutesEastOfUtc_;
+    const MessageSink& take_;
+    const CodePage& page_;
+    MessageImport result_;
+    std::u16string line_;
+    bool isTooLong_ = false;  ///< units of the line were left out
+    size_t number_ = 0;
+};
+
+}  // namespace
+
+MessageExport WriteMessageText(std::span<const SmsRecord* const> records, const ByteSink& sink,
+                               const CodePage& page) {
+    MessageExport result;
+    std::string piece;
+    AppendLittleEndian(piece, {&byteOrderMark, 1});
+    for (const SmsRecord* const record : records) {
+        const std::u16string line = MessageLineOf(*record, page);
+        ++(line.empty() ? result.skipped : result.written);
+        AppendLittleEndian(piece, line);
+        if (piece.size() < pieceSize) continue;
+        if (!sink(piece)) return result;
+        piece.clear();
+    }
+    sink(piece);
+    return result;
+}
+
+Result<MessageExport> ExportMessages(const std::filesystem::path& path,
+                                     std::span<const SmsRecord* const> records, const CodePage& page) {
+    MessageExport result;
+    const Outcome outcome = WriteFileAtomically(
+        path, [&](const ByteSink& sink) { result = WriteMessageText(records, sink, page); });
+    if (!outcome) return outcome.Failure();
+    return result;
+}
+
+std::optional<MessageImport> ReadMessageText(std::istream& in, int minutesEastOfUtc, const MessageSink& take,
+                                             const CodePage& page) {
+    LineCollector lines(minutesEastOfUtc, take, page);
+    std::array<char, pieceSize> piece;
+    size_t kept = 0;  // bytes of a unit whose other half is to come
+    for (bool isFirst = true; in;) {
+        in.read(piece.data() + kept, static_cast<std::streamsize>(piece.size() - kept));
+        const size_t size = kept + static_cast<size_t>(in.gcount());
+        for (size_t i = 0; i + 1 < size; i += 2) {
+            const auto unit = static_cast<char16_t>(static_cast<uint8_t>(piece[i]) |
+                                                    static_cast<uint8_t>(piece[i + 1]) << 8);
+            if (isFirst && (unit == bigEndianMark || unit == utf8Mark)) return std::nullopt;
+            if (!isFirst || unit != byteOrderMark) lines.Add(unit);
+            isFirst = false;
+        }
+        kept = size % 2;
+        if (kept != 0) piece[0] = piece[size - 1];
+    }
+    return lines.Finish(kept != 0);
+}
+
+Result<MessageImport> ImportMessages(const std::filesystem::path& path, int minutesEastOfUtc,
+                                     const MessageSink& take, const CodePage& page) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return LastSystemFailure("open", path);
+    std::optional<MessageImport> result = ReadMessageText(in, minutesEastOfUtc, take, page);
+    if (in.bad()) return LastSystemFailure("read", path);
+    if (!result) {
+        errno = EILSEQ;
+        return LastSystemFailure("read", path);
+    }
+    return std::move(*result);
+}
+
+}  // namespace tarnbridge
