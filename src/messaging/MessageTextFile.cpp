@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
+#include <utility>
 
 namespace tarnbridge {
 namespace {
@@ -108,10 +109,10 @@ std::optional<MessageImport> ReadMessageText(std::istream& in, int minutesEastOf
                                              const CodePage& page) {
     LineCollector lines(minutesEastOfUtc, take, page);
     std::array<char, pieceSize> piece;
-    size_t kept = 0;  // bytes of a unit whose other half is to come
+    bool isCut = false;
     for (bool isFirst = true; in;) {
-        in.read(piece.data() + kept, static_cast<std::streamsize>(piece.size() - kept));
-        const size_t size = kept + static_cast<size_t>(in.gcount());
+        in.read(piece.data(), piece.size());
+        const auto size = static_cast<size_t>(in.gcount());
         for (size_t i = 0; i + 1 < size; i += 2) {
             const auto unit = static_cast<char16_t>(static_cast<uint8_t>(piece[i]) |
                                                     static_cast<uint8_t>(piece[i + 1]) << 8);
@@ -119,10 +120,9 @@ std::optional<MessageImport> ReadMessageText(std::istream& in, int minutesEastOf
             if (!isFirst || unit != byteOrderMark) lines.Add(unit);
             isFirst = false;
         }
-        kept = size % 2;
-        if (kept != 0) piece[0] = piece[size - 1];
+        isCut = size % 2 != 0;  // only the last piece isn't full
     }
-    return lines.Finish(kept != 0);
+    return lines.Finish(isCut);
 }
 
 Result<MessageImport> ImportMessages(const std::filesystem::path& path, int minutesEastOfUtc,

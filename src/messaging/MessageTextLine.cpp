@@ -52,7 +52,7 @@ MessageLineFault FillContent(SmsRecord& record, std::u16string_view text) {
     EmsMessage* const message = record.emsMessage.Get();
     const EmsTextFormat plain;
     if (!text.empty() && AddText(message, text, &plain) != EmsResult::Done) return MessageLineFault::TooLong;
-    // Each code page holds the characters up to 127 in one byte, and the switch takes the marks 0x1B out.
+    // Coded only now, so that a text that becomes UCS2 loses the marks 0x1B, which mean nothing there.
     record.dcs = std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit > 127; }) ? 8 : 0;
     if (EmsSetDcs(message, static_cast<uint8_t>(record.dcs)) != EmsResult::Done || !record.PrepareParts())
         return MessageLineFault::TooLong;
