@@ -106,14 +106,10 @@ Json MessageToJson(const EmsMessage& message) {
     Json json = {{"dcs", message.dcs},
                  {"hasHeader", message.hasHeader != 0},
                  {"text", TextToUtf8(EmsText(message))},
-                 {"objects", Json::array()},
+                 {"objects", ObjectsToJson(message)},
                  {"formats", Json::array()}};
     for (const EmsObject* node = message.first; node; node = node->next) {
-        if (node->kind == EmsKind::TextFormat) {
-            json["formats"].push_back(FormatToJson(*node));
-        } else {
-            json["objects"].push_back(ObjectToJson(*node));
-        }
+        if (node->kind == EmsKind::TextFormat) json["formats"].push_back(FormatToJson(*node));
     }
     if (message.hasPorts) json["ports"] = {{"source", message.sourcePort}, {"destination", message.destPort}};
     json["segmentsUsed"] = message.segmentsUsed;
@@ -274,6 +270,14 @@ Json SegmentsOf(EmsMessage& message) {
 }
 
 }  // namespace
+
+Json ObjectsToJson(const EmsMessage& message) {
+    Json objects = Json::array();
+    for (const EmsObject* node = message.first; node; node = node->next) {
+        if (node->kind != EmsKind::TextFormat) objects.push_back(ObjectToJson(*node));
+    }
+    return objects;
+}
 
 Json DecodeEmsLine(std::string_view line) try {
     const Json json = ObjectOfLine(line);

@@ -32,12 +32,7 @@ std::string LocalToUtf8(std::string_view local) {
 }
 
 Json TimestampToJson(const SmsTimestamp& time) {
-    std::string iso = fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", time.FullYear(), time.month,
-                                  time.day, time.hour, time.minute, time.second);
-    if (time.zoneMinutes <= 14 * 60)
-        iso += fmt::format("{}{:02}:{:02}", time.zonePositive ? '+' : '-', time.zoneMinutes / 60,
-                           time.zoneMinutes % 60);
-    return {{"iso", iso},
+    return {{"iso", IsoTime(time)},
             {"year", time.year},
             {"month", time.month},
             {"day", time.day},
@@ -153,6 +148,15 @@ void CheckLength(const SmsRecord& record) {
 }
 
 }  // namespace
+
+std::string IsoTime(const SmsTimestamp& time) {
+    std::string iso = fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", time.FullYear(), time.month,
+                                  time.day, time.hour, time.minute, time.second);
+    if (time.zoneMinutes <= 14 * 60)
+        iso += fmt::format("{}{:02}:{:02}", time.zonePositive ? '+' : '-', time.zoneMinutes / 60,
+                           time.zoneMinutes % 60);
+    return iso;
+}
 
 Json SmsToJson(const SmsRecord& record) {
     Json object = {{"kind", record.messageType == SmsRecord::deliver ? "deliver" : "submit"},

@@ -9,6 +9,9 @@
 
 namespace tarnbridge {
 
+/// A time as ISO 8601 writes it, with its zone unless that is beyond 14 hours.
+std::string IsoTime(const SmsTimestamp& time);
+
 /// A message as the JSON object of `pdu decode`, without `truncated`. The field `data`, in hexadecimal,
 /// stands beside the text of 8-bit data. `segments` is the user data of its parts as `ems decode` takes it.
 Json SmsToJson(const SmsRecord& record);

@@ -5,6 +5,7 @@
 #include "tarnctl/Command.h"
 #include "tarnctl/Connection.h"
 #include "tarnctl/Input.h"
+#include "tarnctl/MessageCommands.h"
 #include "tarnctl/Output.h"
 #include "tarnctl/PduJson.h"
 
@@ -133,6 +134,8 @@ void AddSmsCommands(CLI::App& app, Action& chosen) {
         "object for each message, with the numbers of its lines.");
     AddFiles(*join, *files);
     join->callback([&chosen, files] { chosen = [files](const GlobalOptions&) { return Join(*files); }; });
+    AddMessageCommands(*sms, chosen);
+    AddComposeCommands(*sms, chosen);
 }
 
 }  // namespace tarnbridge

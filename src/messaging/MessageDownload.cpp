@@ -14,26 +14,38 @@ constexpr int emptyLocation = 321;  // 3GPP TS 27.005 clause 3.2.5: invalid memo
 }  // namespace
 
 MessageDownload::MessageDownload(BackgroundWorker& worker, MessageTree tree, std::u16string only)
-    : HandsetTask(worker), tree_(tree), only_(std::move(only)), memories_(std::make_shared<Memories>()) {}
+    : MemoryTask(worker), tree_(tree), only_(std::move(only)), memories_(std::make_shared<Memories>()) {}
 
 void MessageDownload::Begin() {
-    Do([memories = memories_, only = only_](HandsetLink& link, int&) { return Ask(link, only, *memories); },
-       [this](int, int) {
-           if (memories_->listed.empty()) {
-               report_.noMemory = true;
-               Restore();
-               return;
-           }
-           for (const MessagePlace place : handsetPlaces)
-               tree_.OnHandset(place).RemoveRecords();
-           ReadNext();
-       });
+    Enter([this](int ready, int) {
+        if (ready) {
+            AskMemories();
+        } else {
+            report_.noMemory = true;
+            End();
+        }
+    });
 }
 
-int MessageDownload::Ask(HandsetLink& link, const std::u16string& only, Memories& memories) {
-    if (!link.EnsureSession()) return 0;
-    MemorySelection selected;
-    if (GetMessageMemories(link, selected)) memories.selected = selected;
+void MessageDownload::AskMemories() {
+    Do(
+        [memories = memories_, only = only_](HandsetLink& link, int&) {
+            Ask(link, only, *memories);
+            return 1;
+        },
+        [this](int, int) {
+            if (memories_->listed.empty()) {
+                report_.noMemory = true;
+                Leave();
+                return;
+            }
+            for (const MessagePlace place : handsetPlaces)
+                tree_.OnHandset(place).RemoveRecords();
+            ReadNext();
+        });
+}
+
+void MessageDownload::Ask(HandsetLink& link, const std::u16string& only, Memories& memories) {
     MemoryUsage usage;
     if (link.Features().hasSimMemory) {
         const bool known = QueryMessageMemory(link, u"SM", usage);
@@ -42,7 +54,6 @@ int MessageDownload::Ask(HandsetLink& link, const std::u16string& only, Memories
     }
     if ((only.empty() || only == u"ME") && QueryMessageMemory(link, u"ME", usage))
         memories.listed.push_back({u"ME", usage});
-    return 1;
 }
 
 void MessageDownload::ReadNext() {
@@ -91,17 +102,7 @@ void MessageDownload::Finish() {
         JoinParts(folder.records);
         report_.messages += static_cast<int>(folder.records.size());
     }
-    Restore();
-}
-
-void MessageDownload::Restore() {
-    if (!memories_->selected || LostHandset()) {
-        End();
-        return;
-    }
-    Do([memories = memories_](HandsetLink& link,
-                              int&) { return RestoreMessageMemories(link, *memories->selected) ? 1 : 0; },
-       [this](int, int) { End(); });
+    Leave();
 }
 
 std::u16string MemoryWords(std::u16string_view name) {

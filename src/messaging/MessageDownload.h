@@ -1,11 +1,9 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "core/base/HandsetTask.h"
-#include "messaging/MessageMemory.h"
+#include "messaging/MemoryTask.h"
 #include "messaging/MessageTree.h"
 
 namespace tarnbridge {
@@ -14,7 +12,7 @@ namespace tarnbridge {
 /// joins the parts of long messages. A location that can't be read doesn't stop it. What the mirror held goes
 /// when the handset has told its memories. A cancel, or a handset that is lost on the way, leaves what was
 /// read, joined.
-class MessageDownload : public HandsetTask {
+class MessageDownload : public MemoryTask {
 public:
     /// A location that couldn't be read although the handset has it.
     struct Unread {
@@ -40,19 +38,18 @@ private:
         std::u16string name;
         MemoryUsage usage;
     };
-    /// What the first job learns of the handset.
+    /// What is to be read.
     struct Memories {
         std::vector<Memory> listed;
         int simOffset = 0;
-        std::optional<MemorySelection> selected;
     };
 
     void Begin() override;
-    static int Ask(HandsetLink& link, const std::u16string& only, Memories& memories);
+    void AskMemories();
+    static void Ask(HandsetLink& link, const std::u16string& only, Memories& memories);
     void ReadNext();
     void Store(SmsRecord& record);
     void Finish();
-    void Restore();
 
     MessageTree tree_;
     const std::u16string only_;

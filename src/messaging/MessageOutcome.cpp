@@ -9,15 +9,17 @@ namespace {
 
 constexpr int mostLines = 10;
 
+std::u16string ListOf(const std::vector<int>& locations) {
+    std::string list;
+    for (const int location : locations)
+        list += (list.empty() ? "" : ", ") + std::to_string(location);
+    return WidenBytes(list);
+}
+
 std::u16string Line(const MessageOutcome& outcome) {
     std::u16string line = u"\n" + outcome.title;
     if (outcome.error >= 0) line += u"\n" + Words(Word::HandsetError, {outcome.error});
-    if (!outcome.leftBehind.empty()) {
-        std::string locations;
-        for (const int location : outcome.leftBehind)
-            locations += (locations.empty() ? "" : ", ") + std::to_string(location);
-        line += u"\n" + Words(Word::LocationsLeft, {WidenBytes(locations)});
-    }
+    if (!outcome.leftBehind.empty()) line += u"\n" + Words(Word::LocationsLeft, {ListOf(outcome.leftBehind)});
     if (outcome.keptInDraft) line += u"\n" + Words(Word::CopyKeptInDraft);
     return line;
 }
@@ -25,6 +27,9 @@ std::u16string Line(const MessageOutcome& outcome) {
 }  // namespace
 
 std::u16string TitleOf(const SmsRecord& record) {
+    const bool known = !record.address.number.empty() || record.timestamp.month != 0;
+    if (!known && !record.handsetIndices.empty())
+        return record.storage + u" " + ListOf(record.handsetIndices);
     const Word word = record.messageType == SmsRecord::deliver ? Word::MessageFrom : Word::MessageTo;
     return Words(word, {WidenBytes(record.address.number), WidenBytes(record.timestamp.ToText())});
 }

@@ -22,7 +22,7 @@ struct MessageOutcome {
     bool keptInDraft = false;     ///< a copy lies in the PC's Draft for a failure's sake
 };
 
-/// Address and time of a message.
+/// Address and time of a message, or the locations of one that isn't known further.
 std::u16string TitleOf(const SmsRecord& record);
 
 /// What the user is told at the end of a task: the failures, each with its message; empty if there is none.

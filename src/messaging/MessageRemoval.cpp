@@ -8,7 +8,7 @@ namespace tarnbridge {
 
 MessageRemoval::MessageRemoval(BackgroundWorker& worker, MessageTree tree, MessageKeeper& keeper,
                                MessageFolder& folder, std::vector<SmsRecord*> records)
-    : HandsetTask(worker),
+    : MemoryTask(worker),
       tree_(tree),
       keeper_(keeper),
       folder_(folder),
@@ -20,7 +20,7 @@ void MessageRemoval::Begin() {
         if (Holds(folder_, records_[i])) outcomes_[i].title = TitleOf(*records_[i]);
     }
     if (tree_.IsOnHandset(folder_))
-        Next();
+        Enter([this](int, int) { Next(); });
     else
         RemoveOnPc();
 }
@@ -41,7 +41,7 @@ void MessageRemoval::Next() {
     while (current_ < outcomes_.size() && !Holds(folder_, records_[current_]))
         ++current_;
     if (current_ == outcomes_.size() || WasCancelled() || LostHandset()) {
-        End();
+        Leave();
         return;
     }
     MessageOutcome& outcome = outcomes_[current_];

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "core/base/HandsetTask.h"
+#include "messaging/MemoryTask.h"
 #include "messaging/MessageOutcome.h"
 #include "messaging/MessageTree.h"
 
@@ -10,7 +10,7 @@ namespace tarnbridge {
 
 /// Deletes messages of a folder. Those of the handset are deleted there, one job each; those of the PC go to
 /// the trash can, and in the trash can they are destroyed: without the handset, when Start returns.
-class MessageRemoval : public HandsetTask {
+class MessageRemoval : public MemoryTask {
 public:
     /// The folder stays where it is until the end, and nobody else destroys the records.
     MessageRemoval(BackgroundWorker& worker, MessageTree tree, MessageKeeper& keeper, MessageFolder& folder,

@@ -107,8 +107,9 @@ void MessageSending::FinishAll() {
     End();
 }
 
-std::vector<MessageSending::Waiting> CollectOutbox(const MessageTree& tree, UserInteraction& user) {
-    if (user.Ask(Words(Word::SendAllOutbox)) != Answer::Yes) return {};
+std::optional<std::vector<MessageSending::Waiting>> CollectOutbox(const MessageTree& tree,
+                                                                  UserInteraction& user) {
+    if (user.Ask(Words(Word::SendAllOutbox)) != Answer::Yes) return std::nullopt;
     MessageFolder& outbox = tree.OnPc(outboxPlace);
     std::vector<MessageSending::Waiting> messages;
     {
@@ -118,7 +119,7 @@ std::vector<MessageSending::Waiting> CollectOutbox(const MessageTree& tree, User
     }
     if (messages.size() <= mostMessagesToSend) return messages;
     user.Tell(Words(Word::TooManyMessages));
-    return {};
+    return std::nullopt;
 }
 
 }  // namespace tarnbridge

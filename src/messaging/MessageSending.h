@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,8 @@ namespace tarnbridge {
 inline constexpr size_t mostMessagesToSend = 1200;  ///< in one go
 
 /// Sends messages, each to all of its numbers, one job a number, in the order of the messages and of the
-/// numbers in each; nothing is tried twice. A message that reached all of its numbers goes from its PC folder to
-/// the PC's "Sent Message". Of one that reached some of them a copy for these goes there, and the message
+/// numbers in each; nothing is tried twice. A message that reached all of its numbers goes from its PC folder
+/// to the PC's "Sent Message". Of one that reached some of them a copy for these goes there, and the message
 /// stays for the others; so it is with what a cancel left out. A message of the handset stays there, and a
 /// copy goes.
 class MessageSending : public HandsetTask {
@@ -55,8 +56,9 @@ private:
     size_t first_ = 0;  // item of the record under way
 };
 
-/// What "Send all messages" sends: all of the PC's Outbox, after the user has said so. Nothing where he hasn't,
-/// where there are too many, which he is told, or where there are none.
-std::vector<MessageSending::Waiting> CollectOutbox(const MessageTree& tree, UserInteraction& user);
+/// What "Send all messages" sends: all of the PC's Outbox, after the user has said so. Nothing where he
+/// hasn't, or where there are too many, which he is told.
+std::optional<std::vector<MessageSending::Waiting>> CollectOutbox(const MessageTree& tree,
+                                                                  UserInteraction& user);
 
 }  // namespace tarnbridge

@@ -1,5 +1,7 @@
 #include "messaging/MessageTransfer.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "link/HandsetLink.h"
@@ -20,7 +22,7 @@ std::unique_ptr<SmsRecord> PcCopy(const SmsRecord& record) {
 
 MessageTransfer::MessageTransfer(BackgroundWorker& worker, MessageTree tree, MessageKeeper& keeper,
                                  Request request)
-    : HandsetTask(worker),
+    : MemoryTask(worker),
       tree_(tree),
       keeper_(keeper),
       request_(std::move(request)),
@@ -44,15 +46,14 @@ void MessageTransfer::Begin() {
         Finish();
         return;
     }
-    Do([](HandsetLink& link, int&) { return link.EnsureSession() ? 1 : 0; },
-       [this](int answers, int) {
-           if (!answers)
-               FailAll(Word::HandsetLost);
-           else if (toHandset_ || CopyToPc())
-               Next();
-           else
-               FailAll(Word::MessageNotSaved);
-       });
+    Enter([this](int ready, int) {
+        if (!ready)
+            FailAll(Word::HandsetLost);
+        else if (toHandset_ || CopyToPc())
+            Next();
+        else
+            FailAll(Word::MessageNotSaved);
+    });
 }
 
 void MessageTransfer::TransferOnPc() {
@@ -66,7 +67,7 @@ void MessageTransfer::TransferOnPc() {
     }
     for (auto& record : records) {
         record->storage = pcStorage;
-        request_.to->Append(std::move(record));
+        stored_.push_back(&request_.to->Append(std::move(record)));
     }
     for (MessageOutcome& outcome : outcomes_)
         outcome.state = MessageOutcome::Done;
@@ -198,8 +199,8 @@ void MessageTransfer::Updated(SmsRecord& source, SmsRecord& kept, Work& work, in
 
 void MessageTransfer::KeepInMirror(Work& work) {
     wentToDraft_ = wentToDraft_ || work.wentToDraft;
-    tree_.OnHandset(PlaceOfStatus(work.record.status))
-        .Append(std::make_unique<SmsRecord>(std::move(work.record)));
+    MessageFolder& folder = tree_.OnHandset(PlaceOfStatus(work.record.status));
+    stored_.push_back(&folder.Append(std::make_unique<SmsRecord>(std::move(work.record))));
 }
 
 void MessageTransfer::Done() {
@@ -231,12 +232,14 @@ void MessageTransfer::Finish() {
             const MessageOutcome& outcome = outcomes_[i];
             const bool begun =
                 outcome.state != MessageOutcome::NotTried && outcome.words != Word::MessageNotSaved;
-            if (copies_[i] && !begun) unused.push_back(copies_[i]);
+            if (copies_[i] && !begun) unused.push_back(std::exchange(copies_[i], nullptr));
         }
         TakeRecords(*request_.to, unused);
     }
+    std::copy_if(copies_.begin(), copies_.end(), std::back_inserter(stored_),
+                 [](const SmsRecord* copy) { return copy != nullptr; });
     if (pcChanged_) keeper_.PcFoldersChanged();
-    End();
+    Leave();
 }
 
 }  // namespace tarnbridge

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/base/HandsetTask.h"
+#include "messaging/MemoryTask.h"
 #include "messaging/MessageOutcome.h"
 #include "messaging/MessageTree.h"
 
@@ -17,7 +17,7 @@ namespace tarnbridge {
 /// PC's disk, and one that is stored anew on the handset is kept in the PC's Draft until that has succeeded;
 /// after a failure that copy stays. What wasn't tried because of a cancel, or because the handset stopped
 /// answering, is as it was.
-class MessageTransfer : public HandsetTask {
+class MessageTransfer : public MemoryTask {
 public:
     struct Request {
         MessageFolder* from = nullptr;
@@ -32,6 +32,9 @@ public:
 
     /// One for each record of the request, in its order.
     const std::vector<MessageOutcome>& Outcomes() const { return outcomes_; }
+
+    /// Where the messages are now, as far as they were copied or moved.
+    const std::vector<SmsRecord*>& Stored() const { return stored_; }
 
     /// Whether messages went to the handset's Draft, since it can't store received ones.
     bool WentToDraft() const { return wentToDraft_; }
@@ -70,6 +73,7 @@ private:
     std::vector<MessageOutcome> outcomes_;
     MessagePlace place_ = draftPlace;  // on the handset, where they go
     std::vector<SmsRecord*> copies_;   // on the PC, of the messages that leave the handset, by item
+    std::vector<SmsRecord*> stored_;
     size_t current_ = 0;
     bool pcChanged_ = false;
     bool wentToDraft_ = false;

@@ -1,5 +1,7 @@
 #include "core/app/StandardFolders.h"
 
+#include "core/base/StringTable.h"
+
 namespace tarnbridge {
 namespace {
 
@@ -38,6 +40,20 @@ void EnsureBoxes(MessageFolder& parent, const FolderNames& names, const FolderAt
 }
 
 }  // namespace
+
+FolderNames FolderNames::OfProgram() {
+    return {.handsetMessages = Words(Word::MessageHandsetFolder),
+            .pcMessages = Words(Word::MessagePcFolder),
+            .inbox = Words(Word::Inbox),
+            .outbox = Words(Word::Outbox),
+            .sent = Words(Word::SentMessage),
+            .draft = Words(Word::Draft),
+            .personal = Words(Word::PersonalFolder),
+            .messageTrash = Words(Word::MessageTrashCan),
+            .handsetContacts = Words(Word::ContactHandsetFolder),
+            .pcContacts = Words(Word::ContactPcFolder),
+            .contactTrash = Words(Word::ContactTrashCan)};
+}
 
 void EnsureStandardFolders(Profile& profile, const FolderNames& names) {
     MessageFolder& messages = profile.messageRoot;

@@ -7,8 +7,11 @@
 
 namespace tarnbridge {
 
-/// The names of the standard folders, in the language of the program.
+/// The names of the standard folders.
 struct FolderNames {
+    /// Those in the language of the program.
+    static FolderNames OfProgram();
+
     std::u16string handsetMessages;  ///< "Handset Folder"
     std::u16string pcMessages;       ///< "PC Folder"
     std::u16string inbox;            ///< the folders below both

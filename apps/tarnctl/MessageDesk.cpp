@@ -1,0 +1,221 @@
+#include "tarnctl/MessageDesk.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "core/app/StandardFolders.h"
+#include "core/base/StringTable.h"
+#include "messaging/MessageDownload.h"
+#include "messaging/ems/Ems.h"
+#include "platform/Text.h"
+#include "tarnctl/Output.h"
+
+namespace tarnbridge {
+namespace {
+
+constexpr const char* placeNames[] = {"Inbox", "Outbox", "Sent", "Draft", "Personal", "Trash"};
+constexpr std::string_view pcPrefix = "pc/";
+
+std::vector<std::string_view> SplitPath(std::string_view path) {
+    std::vector<std::string_view> names;
+    while (true) {
+        const size_t end = path.find('/');
+        names.push_back(path.substr(0, end));
+        if (end == std::string_view::npos) return names;
+        path.remove_prefix(end + 1);
+    }
+}
+
+MessageFolder* ChildNamed(MessageFolder& folder, std::string_view name) {
+    const std::u16string wanted = Utf8ToText(name);
+    for (size_t i = 0; MessageFolder* const child = folder.Child(i); ++i) {
+        if (child->name == wanted) return child;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+MessageDesk::MessageDesk(const GlobalOptions& options, bool saysYes) : options_(options), user_(saysYes) {
+    EmsInit();
+    settings_.Load();
+    EnsureStandardFolders(profile_, FolderNames::OfProgram());
+}
+
+MessageDesk::~MessageDesk() {
+    worker_.Stop();
+}
+
+bool MessageDesk::OpenProfile(bool toChange) {
+    const std::filesystem::path path = ProfileFile::StandardPath();
+    ProfileState state = ProfileState::Missing;
+    if (toChange) {
+        file_ = ProfileFile::Open(path, clock_);
+        if (!file_) {
+            PrintWords(fmt::format("{} is in use by the window or by another tarnctl: close that first",
+                                   path.string()));
+            return false;
+        }
+        state = file_->Load(profile_);
+    } else {
+        state = ReadProfile(path, profile_);
+    }
+    EnsureStandardFolders(profile_, FolderNames::OfProgram());
+    if (state == ProfileState::Unreadable) {
+        PrintWords(fmt::format("{} can't be read", path.string()));
+        return false;
+    }
+    if (state == ProfileState::Damaged || state == ProfileState::Foreign)
+        PrintWords(fmt::format("{} could not be read to its end", path.string()));
+    return true;
+}
+
+bool MessageDesk::OpenHandset() {
+    connection_.emplace(options_);
+    if (!connection_->Open()) return false;
+    if (worker_.Start(connection_->Link())) return true;
+    PrintWords(TextToUtf8(Words(Word::BackgroundThreadFailed)));
+    return false;
+}
+
+std::u16string MessageDesk::MemoryFor(const std::string& option) const {
+    if (!option.empty()) return Utf8ToText(option);
+    return settings_.GetText(SettingIndex::SmsMemory) == u"SM" ? u"SM" : u"ME";
+}
+
+bool MessageDesk::Run(HandsetTask& task) {
+    ProgressLine line;
+    task.onProgress = [&line](const HandsetTask::Standing& standing) {
+        line.Show(fmt::format("{} {}/{}", TextToUtf8(standing.words), standing.done + 1, standing.total));
+    };
+    const bool begun = RunTask(task, [this] { return Cancelled(); });
+    task.onProgress = nullptr;
+    return begun;
+}
+
+ExitCode MessageDesk::Download(const std::u16string& memory) {
+    MessageDownload download(worker_, Tree(), memory);
+    Run(download);
+    const MessageDownload::Report& report = download.GetReport();
+    for (const MessageDownload::Unread& unread : report.unread) {
+        PrintWords(fmt::format("{} {}: {}", TextToUtf8(unread.memory), unread.location,
+                               unread.error < 0 ? "the handset did not answer in time"
+                                                : fmt::format("the handset gave error {}", unread.error)));
+    }
+    if (report.noMemory) PrintWords(TextToUtf8(Words(Word::NoMessageInHandset)));
+    if (download.LostHandset()) PrintWords(TextToUtf8(Words(Word::HandsetLost)));
+    if (download.WasCancelled()) PrintWords("cancelled");
+    const bool whole =
+        report.unread.empty() && !report.noMemory && !download.LostHandset() && !download.WasCancelled();
+    return whole ? Done : OperationFailed;
+}
+
+bool MessageDesk::Report(const HandsetTask& task, const std::vector<MessageOutcome>& outcomes) {
+    if (const std::u16string words = FailureWords(outcomes); !words.empty()) PrintWords(TextToUtf8(words));
+    if (task.LostHandset()) PrintWords(TextToUtf8(Words(Word::HandsetLost)));
+    const auto left = std::count_if(outcomes.begin(), outcomes.end(), [](const MessageOutcome& outcome) {
+        return outcome.state == MessageOutcome::NotTried;
+    });
+    if (left > 0) PrintWords(fmt::format("not tried: {} of {}", left, outcomes.size()));
+    return AllDone(outcomes);
+}
+
+MessageFolder* MessageDesk::FindFolder(const std::string& name) {
+    const bool onPc = EqualIgnoringCase(name.substr(0, pcPrefix.size()), pcPrefix);
+    const std::vector<std::string_view> path =
+        SplitPath(std::string_view(name).substr(onPc ? pcPrefix.size() : 0));
+    MessageFolder* folder = onPc ? &Tree().PcRoot() : &Tree().HandsetRoot();
+    for (size_t i = 0; i < path.size() && folder; ++i) {
+        MessageFolder& parent = *folder;
+        folder = nullptr;
+        for (size_t place = 0; i == 0 && place < std::size(placeNames); ++place) {
+            if (EqualIgnoringCase(path[i], placeNames[place])) folder = parent.Child(place);
+        }
+        if (!folder) folder = ChildNamed(parent, path[i]);
+    }
+    if (!folder) PrintWords(fmt::format("there is no folder {}: 'tarnctl sms folders' lists them", name));
+    return folder;
+}
+
+std::string MessageDesk::NameOf(const MessageFolder& folder) {
+    const MessageTree tree = Tree();
+    const MessageFolder* const roots[] = {&tree.HandsetRoot(), &tree.PcRoot()};
+    std::string name;
+    const MessageFolder* level = &folder;
+    for (; level->parent && level->parent != roots[0] && level->parent != roots[1]; level = level->parent)
+        name = "/" + TextToUtf8(level->name) + name;
+    if (!level->parent) return name;
+    for (size_t place = 0; place < std::size(placeNames); ++place) {
+        if (level->parent->Child(place) != level) continue;
+        return (level->parent == roots[1] ? std::string(pcPrefix) : "") + placeNames[place] + name;
+    }
+    return std::string(pcPrefix) + TextToUtf8(level->name) + name;
+}
+
+std::optional<MessageDesk::Source> MessageDesk::FindSource(const std::string& name) {
+    if (EqualIgnoringCase(name, "SM") || EqualIgnoringCase(name, "ME"))
+        return Source{EqualIgnoringCase(name, "SM") ? u"SM" : u"ME", nullptr};
+    if (!EqualIgnoringCase(name.substr(0, pcPrefix.size()), pcPrefix)) {
+        PrintWords(fmt::format("{} is neither SM, ME nor a folder of the PC such as pc/Inbox", name));
+        return std::nullopt;
+    }
+    MessageFolder* const folder = FindFolder(name);
+    if (!folder) return std::nullopt;
+    return Source{{}, folder};
+}
+
+std::optional<std::vector<std::pair<MessageFolder*, SmsRecord*>>> MessageDesk::Find(
+    const Source& source, const std::vector<int>& numbers) {
+    std::vector<std::pair<MessageFolder*, SmsRecord*>> found;
+    const auto add = [&found](MessageFolder* folder, SmsRecord* record) {
+        const std::pair<MessageFolder*, SmsRecord*> message(folder, record);
+        if (std::find(found.begin(), found.end(), message) == found.end()) found.push_back(message);
+    };
+    for (const int number : numbers) {
+        const size_t before = found.size();
+        bool known = false;
+        if (source.folder) {
+            const auto& records = source.folder->records;
+            known = number >= 1 && static_cast<size_t>(number) <= records.size();
+            if (known) add(source.folder, records[static_cast<size_t>(number) - 1].get());
+        } else {
+            for (const MessagePlace place : handsetPlaces) {
+                MessageFolder& folder = Tree().OnHandset(place);
+                for (const auto& record : folder.records) {
+                    const std::vector<int>& own = record->handsetIndices;
+                    if (std::find(own.begin(), own.end(), number) == own.end()) continue;
+                    known = true;
+                    add(&folder, record.get());
+                }
+            }
+        }
+        if (!known && found.size() == before) {
+            PrintWords(fmt::format("there is no message {} in {}", number,
+                                   source.folder ? NameOf(*source.folder) : TextToUtf8(source.memory)));
+            return std::nullopt;
+        }
+    }
+    return found;
+}
+
+bool MessageDesk::SaveNow() {
+    const Outcome outcome = file_->Save(profile_);
+    if (!outcome) {
+        PrintWords(TextToUtf8(Words(Word::ProfileNotSaved)));
+        PrintWords(outcome.Failure().text);
+        return false;
+    }
+    changed_ = false;
+    return true;
+}
+
+ExitCode MessageDesk::Finish(ExitCode code) {
+    if (changed_ && !SaveNow()) return OperationFailed;
+    if (file_ && file_->CopiedAside())
+        PrintWords(
+            fmt::format("the profile that could not be read is kept as {}", file_->CopiedAside()->string()));
+    return code;
+}
+
+}  // namespace tarnbridge
