@@ -304,6 +304,12 @@ TEST_F(MessageEditorTest, WhatIsTypedNextLooksLikeItsPlace) {
     editor.MoveCaret(1);
     editor.Replace(1, 1, u"x");
     EXPECT_EQ(Seen(editor.Shown()), "[b]axb¶[i1]c");
+    // So is one for a caret at which something else is put.
+    editor.ApplyFormat(1, 1, {.underline = 1});
+    editor.Replace(1, 1, {FormattedText{u"p", boldFormat}});
+    editor.Replace(2, 2, u"q");
+    EXPECT_EQ(Seen(editor.Shown()), "[b]apqxb¶[i1]c");
+    editor.Delete(1, 3);
     // In the place of a range, as the range began.
     editor.Replace(3, 5, u"y");
     EXPECT_EQ(Seen(editor.Shown()), "[b]axby");
@@ -430,8 +436,10 @@ TEST_F(MessageEditorTest, ReceivedMessagesOfAnyKind) {
     MessageEditor editor = MakeEditor({}, &overlapping);
     EXPECT_EQ(Seen(editor.Shown()), "[b]ab[i]cod[b]ef");
     EXPECT_FALSE(editor.Modified());
-    editor.ApplyFormat(1, 6, {.bold = 0, .italic = 0});
-    EXPECT_EQ(Seen(editor.Shown()), "[b]a[]bcode[b]f");
+    editor.Replace(3, 3, {FormattedText{u"x", {}}});
+    EXPECT_EQ(Seen(editor.Shown()), "[b]ab[i]c[]x[i]od[b]ef");
+    editor.ApplyFormat(1, 7, {.bold = 0, .italic = 0});
+    EXPECT_EQ(Seen(editor.Shown()), "[b]a[]bcxode[b]f");
 
     // Of 7-bit text with accents: UCS2 if it fits, or else as it is, until it fits.
     EmsTestMessage accents;
