@@ -67,7 +67,7 @@ BENCHMARK(KeyInAFullMessage);
 
 /// The step before its undo is remembered at each key.
 void KeyThatIsAStep(benchmark::State& state) {
-    MessageEditor editor = Filled(std::u16string(longest - 1, u'\u4E2D'));
+    MessageEditor editor = Filled(std::u16string(longest - 2, u'\u4E2D'));
     TypeAndTakeBack(state, editor, caret, u"\n");
 }
 BENCHMARK(KeyThatIsAStep);

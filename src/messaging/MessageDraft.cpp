@@ -58,9 +58,6 @@ Answer MessageDraft::AskToSave(UserInteraction& user) const {
 std::optional<SmsRecord> MessageDraft::MakeRecord(const CheckedRecipients& recipients, Clock& clock) const {
     EmsHandle message = EmsHandle::Make(editor_.Message().dcs);
     if (!message || EmsCopy(message.Get(), &editor_.Message()) != EmsResult::Done) return std::nullopt;
-    // An editor that allows one segment says nothing of what becomes of its message.
-    EmsAllowSegments(message.Get(), emsSegments);
-    EmsResetCursor(message.Get());
     SmsRecord record;
     record.SetEmsMessage(std::move(message));
     record.messageType = SmsRecord::submit;

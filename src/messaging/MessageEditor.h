@@ -49,7 +49,7 @@ public:
     std::u16string WordsFor(EmsResult result) const;
 
     /// Puts text in the place of a range, in the format of the range or the one of what is typed there. Text
-    /// goes through CleanText.
+    /// goes through CleanText. The results are those of AddText and AddObject.
     EmsResult Replace(int from, int to, std::u16string_view text);
     EmsResult Replace(int from, int to, const MessageFragment& content);
     EmsResult Insert(int position, const MessageObject& object) {
@@ -107,7 +107,7 @@ private:
     Range Snapped(int from, int to) const;
     Range LinesOf(Range range) const;
     void PlaceCursor(int unit);
-    bool ChooseCoding(bool isTextSevenBit);
+    bool ChooseCoding(bool isTextToComeSevenBit);
     void TightenSegments();
     EmsResult Put(Range range, const MessageFragment& content);
     EmsResult Restyle(const std::vector<Restyled>& pieces);

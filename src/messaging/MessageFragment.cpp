@@ -16,11 +16,6 @@ bool IsLowSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-bool IsDropped(char16_t unit) {
-    return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || unit == objectCharacter ||
-           (unit >= 0xFDD0 && unit <= 0xFDEF) || unit >= 0xFFFE;
-}
-
 }  // namespace
 
 std::u16string PlainText(const MessageFragment& fragment) {
@@ -42,7 +37,7 @@ std::u16string CleanText(std::u16string_view text, bool latinOnly) {
             clean.push_back(u'\n');
         } else if (unit == u'\t') {
             clean.push_back(u' ');
-        } else if (!IsDropped(unit)) {
+        } else if (!IsUnshowable(unit)) {
             clean.push_back(latinOnly && unit > 0xFF ? u'?' : unit);
             if (latinOnly && IsHighSurrogate(unit) && isPairLeft && IsLowSurrogate(text[at + 1])) ++at;
         }

@@ -21,8 +21,8 @@ using MessageFragment = std::vector<std::variant<FormattedText, MessageObject>>;
 /// The text alone, for other programs.
 std::u16string PlainText(const MessageFragment& fragment);
 
-/// Makes any text, typed or pasted, one that can be shown: each line end U+000A, a tab a blank, no other
-/// control characters and no objectCharacter. For a message that stays in the 7-bit coding, each character
+/// Makes any text, typed or pasted, one that can be shown: each line end U+000A, a tab a blank, nothing else
+/// that is IsUnshowable. For a message that stays in the 7-bit coding, each character
 /// beyond Latin-1 becomes a question mark.
 std::u16string CleanText(std::u16string_view text, bool latinOnly);
 

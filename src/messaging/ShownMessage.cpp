@@ -14,15 +14,18 @@ namespace {
 constexpr char16_t mark = gsmEscape;
 constexpr char16_t replacement = u'\uFFFD';
 
-/// Control characters, and those that a text control gives a meaning of its own, aren't shown for themselves.
 char16_t ShownCharacter(char16_t unit) {
     if (unit == u'\u2028' || unit == u'\u2029') return u'\n';
-    const bool isControl = (unit < 0x20 && unit != u'\t') || (unit >= 0x7F && unit < 0xA0);
-    const bool isReserved = unit == objectCharacter || (unit >= 0xFDD0 && unit <= 0xFDEF) || unit >= 0xFFFE;
-    return isControl || isReserved ? replacement : unit;
+    return IsUnshowable(unit) ? replacement : unit;
 }
 
 }  // namespace
+
+bool IsUnshowable(char16_t unit) {
+    const bool isControl = (unit < 0x20 && unit != u'\t') || (unit >= 0x7F && unit < 0xA0);
+    const bool isNoCharacter = (unit >= 0xFDD0 && unit <= 0xFDEF) || unit >= 0xFFFE;
+    return isControl || isNoCharacter || unit == objectCharacter;
+}
 
 class ShownMessage::Builder {
 public:

@@ -13,6 +13,10 @@ namespace tarnbridge {
 /// What stands in a shown text for an object, and never for anything else.
 inline constexpr char16_t objectCharacter = u'\uFFFC';
 
+/// Whether a unit can't be shown for itself: a control character other than a tab, one that text controls
+/// give a meaning of their own, or objectCharacter. Line ends count too.
+bool IsUnshowable(char16_t unit);
+
 /// A stretch of one look, in positions of the shown text. `format.length` means nothing.
 struct ShownRun {
     int begin = 0;
@@ -59,7 +63,8 @@ public:
     int LineEnd(int position) const;
 
     /// Where a position is in the message: in its units, of which a hidden mark is one too, and in its
-    /// characters. Marks belong to what is shown behind them, and those at the very end to nothing.
+    /// characters; the position is one of 0 to Length(). Marks belong to what is shown behind them, and those
+    /// at the very end to nothing.
     struct Place {
         int unit = 0;
         int character = 0;

@@ -37,7 +37,7 @@ TEST_F(MessageEditorTest, WhatIsTypedAndWhatStandsInTheMessage) {
          u"a{b c",
          u"a\x1B{b c",
          0},
-        {"127 is 7-bit, above isn't", {}, u"\xA0", u"\xA0", u"\xA0", 8},
+        {"the least character above 127 that a text holds", {}, u"\xA0", u"\xA0", u"\xA0", 8},
         {"7-bit by order", sevenBitOnly, u"\xE9\u4E2D\xD83D\xDE00[", u"\xE9??[", u"\xE9??\x1B[", 0},
     };
     for (const Row& row : rows) {
@@ -135,7 +135,6 @@ TEST_F(MessageEditorTest, WhatDoesNotFitIsUndoneWhole) {
         CheckEditor(editor);
     }
     EXPECT_EQ(MakeEditor().WordsFor(EmsResult::Done), u"");
-    EXPECT_EQ(MakeEditor().WordsFor(EmsResult::NoMemory), u"No memory or number of EMS object exceeds!");
     EXPECT_EQ(MakeEditor().WordsFor(EmsResult::InvalidData), u"Unspecified Error!");
 }
 
@@ -192,7 +191,6 @@ TEST_F(MessageEditorTest, ObjectsOfEachKind) {
     const Row rows[] = {
         {"sound 9", MessageObject::PredefinedSound(9), EmsResult::Done},
         {"sound 10", MessageObject::PredefinedSound(10), EmsResult::InvalidObject},
-        {"sound -1", MessageObject::PredefinedSound(-1), EmsResult::InvalidObject},
         {"sound 256", MessageObject::PredefinedSound(256), EmsResult::InvalidObject},
         {"animation 14", MessageObject::PredefinedAnimation(14), EmsResult::Done},
         {"animation 15", MessageObject::PredefinedAnimation(15), EmsResult::InvalidObject},
@@ -304,6 +302,12 @@ TEST_F(MessageEditorTest, WhatIsTypedNextLooksLikeItsPlace) {
     editor.MoveCaret(1);
     editor.Replace(1, 1, u"x");
     EXPECT_EQ(Seen(editor.Shown()), "[b]axb¶[i1]c");
+    // So is one for a caret at which something else is put.
+    editor.ApplyFormat(1, 1, {.underline = 1});
+    editor.Replace(1, 1, {FormattedText{u"p", boldFormat}});
+    editor.Replace(2, 2, u"q");
+    EXPECT_EQ(Seen(editor.Shown()), "[b]apqxb¶[i1]c");
+    editor.Delete(1, 3);
     // In the place of a range, as the range began.
     editor.Replace(3, 5, u"y");
     EXPECT_EQ(Seen(editor.Shown()), "[b]axby");
@@ -316,88 +320,6 @@ TEST_F(MessageEditorTest, WhatIsTypedNextLooksLikeItsPlace) {
     EXPECT_EQ(common.foreground, uint8_t{2});
     EXPECT_FALSE(common.bold.has_value());
     EXPECT_EQ(other.CommonFormat(5, 5).foreground, uint8_t{0});
-}
-
-TEST_F(MessageEditorTest, UndoAndRedoOverSwitchesOfCoding) {
-    MessageEditor editor = MakeEditor();
-    std::vector<std::string> states{Seen(editor.Shown())};
-    const auto done = [&](EmsResult result) {
-        ASSERT_EQ(result, EmsResult::Done);
-        states.push_back(Seen(editor.Shown()) + Figures(editor));
-    };
-    states.back() += Figures(editor);
-    done(Type(editor, u"two {words}"));
-    done(editor.Insert(3, MessageObject::PredefinedSound(5)));
-    done(editor.ApplyFormat(0, 7, bold));
-    done(editor.Replace(2, 2, u"\u4E2D"));
-    done(editor.Delete(1, 6));
-    done(editor.Replace(0, 1, editor.Fragment(0, 4)));
-    for (size_t i = states.size() - 1; i > 0; --i) {
-        ASSERT_TRUE(editor.CanUndo());
-        editor.Undo();
-        EXPECT_EQ(Seen(editor.Shown()) + Figures(editor), states[i - 1]);
-        CheckEditor(editor);
-    }
-    EXPECT_FALSE(editor.CanUndo());
-    EXPECT_FALSE(editor.Modified());
-    for (size_t i = 1; i < states.size(); ++i) {
-        editor.Redo();
-        EXPECT_EQ(Seen(editor.Shown()) + Figures(editor), states[i]);
-    }
-    EXPECT_FALSE(editor.CanRedo());
-    editor.Undo();
-    Type(editor, u"!");
-    EXPECT_FALSE(editor.CanRedo()) << "a change forgets what was undone";
-}
-
-TEST_F(MessageEditorTest, TypingIsUndoneWordByWord) {
-    MessageEditor editor = MakeEditor();
-    for (const char16_t unit : std::u16string_view(u"one two\nx"))
-        Type(editor, std::u16string_view(&unit, 1));
-    std::vector<std::u16string> texts;
-    while (editor.CanUndo()) {
-        editor.Undo();
-        texts.push_back(editor.Shown().Text());
-    }
-    EXPECT_EQ(texts, (std::vector<std::u16string>{u"one two\n", u"one two", u"one ", u""}));
-    while (editor.CanRedo())
-        editor.Redo();
-    for (int i = 0; i < 3; ++i)
-        editor.Delete(editor.Caret() - 1, editor.Caret());
-    EXPECT_EQ(editor.Shown().Text(), u"one tw");
-    editor.Undo();
-    EXPECT_EQ(editor.Shown().Text(), u"one two\nx") << "in one";
-    EXPECT_EQ(editor.Caret(), 9);
-    // The caret taken elsewhere and back ends a step; a refused change doesn't.
-    Type(editor, u"y");
-    editor.MoveCaret(0);
-    editor.MoveCaret(10);
-    Type(editor, u"z");
-    EXPECT_EQ(editor.Replace(0, 0, std::u16string(2000, u'x')), EmsResult::NoRoom);
-    Type(editor, u"z");
-    editor.Undo();
-    EXPECT_EQ(editor.Shown().Text(), u"one two\nxy");
-    for (int i = 0; i < 200; ++i)
-        editor.Insert(0, MessageObject::PredefinedSound(1));
-    int steps = 0;
-    for (; editor.CanUndo(); ++steps)
-        editor.Undo();
-    EXPECT_EQ(steps, 50);
-}
-
-TEST_F(MessageEditorTest, ModifiedUntilItIsAsItWasSaved) {
-    MessageEditor editor = MakeEditor();
-    Type(editor, u"a");
-    EXPECT_TRUE(editor.Modified());
-    editor.MarkSaved();
-    editor.Replace(1, 1, u"\n");
-    EXPECT_TRUE(editor.Modified());
-    editor.Undo();
-    EXPECT_FALSE(editor.Modified());
-    editor.Undo();
-    EXPECT_TRUE(editor.Modified());
-    Type(editor, u"a");
-    EXPECT_TRUE(editor.Modified()) << "typed again";
 }
 
 TEST_F(MessageEditorTest, CutAndPasteBetweenCodings) {
@@ -430,8 +352,10 @@ TEST_F(MessageEditorTest, ReceivedMessagesOfAnyKind) {
     MessageEditor editor = MakeEditor({}, &overlapping);
     EXPECT_EQ(Seen(editor.Shown()), "[b]ab[i]cod[b]ef");
     EXPECT_FALSE(editor.Modified());
-    editor.ApplyFormat(1, 6, {.bold = 0, .italic = 0});
-    EXPECT_EQ(Seen(editor.Shown()), "[b]a[]bcode[b]f");
+    editor.Replace(3, 3, {FormattedText{u"x", {}}});
+    EXPECT_EQ(Seen(editor.Shown()), "[b]ab[i]c[]x[i]od[b]ef");
+    editor.ApplyFormat(1, 7, {.bold = 0, .italic = 0});
+    EXPECT_EQ(Seen(editor.Shown()), "[b]a[]bcxode[b]f");
 
     // Of 7-bit text with accents: UCS2 if it fits, or else as it is, until it fits.
     EmsTestMessage accents;
@@ -472,25 +396,6 @@ TEST_F(MessageEditorTest, ReceivedMessagesOfAnyKind) {
     EmsTestMessage data(4);
     AddText(&data, u"8-bit");
     EXPECT_EQ(MakeEditor(sevenBitOnly, &data).Message().dcs, 0);
-}
-
-TEST_F(MessageEditorTest, WithoutSlotsTheOldestStepsGo) {
-    EXPECT_TRUE(MessageEditor::Make({}));
-    std::vector<EmsHandle> all;
-    MessageEditor editor = MakeEditor();
-    while (EmsHandle next = EmsHandle::Make(0))
-        all.push_back(std::move(next));
-    EXPECT_FALSE(MessageEditor::Make({}));
-    all.pop_back();
-    for (const char16_t* const word : {u"one ", u"two ", u"three "})
-        ASSERT_EQ(Type(editor, word), EmsResult::Done);
-    EXPECT_EQ(Type(editor, std::u16string(1531, u'x')), EmsResult::NoRoom);
-    EXPECT_EQ(editor.Shown().Text(), u"one two three ");
-    editor.Undo();
-    EXPECT_EQ(editor.Shown().Text(), u"one two ");
-    EXPECT_FALSE(editor.CanUndo());
-    ASSERT_EQ(Type(editor, u"four"), EmsResult::Done);
-    EXPECT_EQ(editor.Shown().Text(), u"one two four");
 }
 
 }  // namespace
