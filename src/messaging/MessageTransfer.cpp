@@ -118,11 +118,13 @@ void MessageTransfer::DeleteSource(SmsRecord& source) {
 }
 
 /// Makes what is written: as the folder has it, and with an EmsMessage, since only such a one goes to the
-/// memory that is asked for.
+/// memory that is asked for. One that can't be read whole isn't written, since its source may go then.
 bool MessageTransfer::Prepare(Work& work, MessagePlace place, HandsetLink& link) {
     const bool canStoreReceived = link.Features().canStoreReceived;
     work.wentToDraft = place == inboxPlace && !canStoreReceived;
     work.record.status = StatusForPlace(place, work.record.status, canStoreReceived);
+    if (!work.record.emsMessage && !work.record.rawParts.empty() && !work.record.RebuildFromParts())
+        return false;
     return work.record.EnsureEmsMessage() && work.record.emsMessage.Get()->segmentsUsed <= emsSegments;
 }
 
@@ -163,13 +165,15 @@ void MessageTransfer::UpdateOnHandset(SmsRecord& source) {
            if (!Prepare(*work, place, link)) return 0;
            if (memory.empty() || memory == record.storage) {
                work->written = record.Update(link, error);
-               work->remaining = work->written ? std::vector<int>() : record.handsetIndices;
+               work->remaining = work->written ? record.leftBehind : record.handsetIndices;
            } else {
                // There is room for both elsewhere: nothing is deleted before it is written.
                SmsRecord old = record;
                work->written = record.Write(link, memory, error);
-               if (work->written) old.Remove(link, error);
-               work->remaining = old.handsetIndices;
+               if (work->written) {
+                   old.Remove(link, error);
+                   work->remaining = old.leftBehind;
+               }
            }
            record.SettleParts();
            return work->written && work->remaining.empty() ? 1 : 0;

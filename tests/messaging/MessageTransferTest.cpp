@@ -48,6 +48,8 @@ TEST_F(Transfer, WithinThePcRecordsMoveAndCopiesAreNew) {
 }
 
 TEST_F(Transfer, ToThePcAndBack) {
+    MemorySelection selected;
+    ASSERT_TRUE(RestoreMessageMemories(link, {"SM", "ME", "MT"}));
     SmsRecord& whole = PutOnHandset(std::u16string(400, u'x'), smsRead);
     SmsRecord& other = PutOnHandset(u"other", smsRead);
     EXPECT_TRUE(Run(handsetInbox, {&whole, &other}, inbox, false));
@@ -120,6 +122,26 @@ TEST_F(Transfer, ACancelLeavesTheRestAsItWas) {
     EXPECT_EQ(Texts(handsetInbox), Strings{"c"});
     EXPECT_EQ(session.Locations("ME").size(), 1u);
     EXPECT_EQ(outcomes[2].state, MessageOutcome::NotTried);
+}
+
+TEST_F(Transfer, WhatCannotBeReadWholeIsNotWrittenAnew) {
+    SmsRecord& record = Put(inbox, u"x", smsRead);
+    record.hasHeader = 1;
+    record.rawParts.assign(1, "\x05\x11\x20too short for a picture");
+    EXPECT_FALSE(Run(inbox, {&record}, handsetInbox, true));
+    EXPECT_EQ(outcomes[0].words, Word::MessageNotWritten);
+    EXPECT_EQ(inbox.records.size(), 1u);
+    EXPECT_TRUE(session.Locations("ME").empty());
+}
+
+TEST_F(Transfer, APartThatStaysOnTheHandsetIsNamedThoughTheRestWorked) {
+    SmsRecord& record = PutOnHandset(std::u16string(400, u'x'), smsRead);
+    session.handset.Script("AT+CMGD=22", "");
+    EXPECT_FALSE(Run(handsetInbox, {&record}, handsetDraft, true));
+    EXPECT_EQ(outcomes[0].leftBehind, std::vector<int>{22});
+    EXPECT_EQ(handsetInbox.records.at(0)->handsetIndices, std::vector<int>{22});
+    EXPECT_EQ(handsetDraft.records.size(), 1u);
+    EXPECT_FALSE(outcomes[0].keptInDraft) << "the message itself is whole";
 }
 
 /// Whatever goes away whenever it does: the message is whole on the disk, or whole on the handset, and what
