@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include "link/HandsetLink.h"
 #include "platform/FileEntryStore.h"
 #include "platform/PortMap.h"
