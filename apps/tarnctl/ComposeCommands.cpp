@@ -239,29 +239,25 @@ const SmsRecord* FindOriginal(MessageDesk& desk, const std::string& sourceName, 
     return found ? found->front().second : nullptr;
 }
 
-ExitCode Reply(const GlobalOptions& options, const std::string& source, int number,
-               const Composition& composition) {
-    MessageDesk desk(options);
-    ExitCode code = Done;
-    const SmsRecord* const original = FindOriginal(desk, source, number, code);
-    if (!original) return code;
-    const auto draft = MessageDraft::Reply(OptionsOf(desk, composition), *original);
-    if (!draft || !Fill(draft->Editor(), composition)) return OperationFailed;
-    return SendDraft(desk, *draft, TextToUtf8(draft->Recipients()), options.json);
-}
+/// A reply goes to the original's sender and has a text of its own; a forwarded message is the original.
+enum class Answering { Reply, Forward };
 
-ExitCode Forward(const GlobalOptions& options, const std::string& source, int number,
-                 const Composition& composition) {
+ExitCode SendAnswer(const GlobalOptions& options, const std::string& source, int number,
+                    const Composition& composition, Answering kind) {
     MessageDesk desk(options);
     ExitCode code = Done;
     const SmsRecord* const original = FindOriginal(desk, source, number, code);
     if (!original) return code;
-    const auto draft = MessageDraft::Forward(OptionsOf(desk, composition), *original);
+    const EditorOptions editorOptions = OptionsOf(desk, composition);
+    const auto draft = kind == Answering::Reply ? MessageDraft::Reply(editorOptions, *original)
+                                                : MessageDraft::Forward(editorOptions, *original);
     if (!draft) {
         PrintWords(TextToUtf8(Words(Word::EmsObjectNotCreated)));
         return OperationFailed;
     }
-    return SendDraft(desk, *draft, composition.to, options.json);
+    if (!Fill(draft->Editor(), composition)) return OperationFailed;
+    const std::string to = kind == Answering::Reply ? TextToUtf8(draft->Recipients()) : composition.to;
+    return SendDraft(desk, *draft, to, options.json);
 }
 
 void AddContent(CLI::App& command, Composition& composition) {
@@ -334,14 +330,18 @@ void AddComposeCommands(CLI::App& sms, Action& chosen) {
     AddOriginal(*reply, *source, *number);
     AddContent(*reply, *composition);
     reply->callback([&chosen, source, number, composition] {
-        chosen = [=](const GlobalOptions& global) { return Reply(global, *source, *number, *composition); };
+        chosen = [=](const GlobalOptions& global) {
+            return SendAnswer(global, *source, *number, *composition, Answering::Reply);
+        };
     });
 
     CLI::App* forward = sms.add_subcommand("forward", "Send a message on, with all that is in it");
     AddOriginal(*forward, *source, *number);
     forward->add_option("--to", composition->to, numbers)->type_name("NUMBER[,NUMBER...]")->required();
     forward->callback([&chosen, source, number, composition] {
-        chosen = [=](const GlobalOptions& global) { return Forward(global, *source, *number, *composition); };
+        chosen = [=](const GlobalOptions& global) {
+            return SendAnswer(global, *source, *number, *composition, Answering::Forward);
+        };
     });
 }
 

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "messaging/MessageMemory.h"
+#include "platform/Text.h"
 #include "tarnctl/Command.h"
 #include "tarnctl/Connection.h"
 #include "tarnctl/Input.h"
@@ -13,27 +15,6 @@ namespace tarnbridge {
 namespace {
 
 constexpr int32_t emptyLocation = 321;  // 3GPP TS 27.005 clause 3.2.5: invalid memory index
-
-/// One `AT+CPMS` exchange; gives its response line, without a line if it failed.
-ATResult AskMemory(HandsetLink& link, const std::string& arguments) {
-    ATResult result;
-    result.prefix = "+CPMS";
-    if (!link.ExecCheckOk(fmt::format("AT+CPMS{}\r", arguments), link.commandTimeout, result, true))
-        result.lines.clear();
-    return result;
-}
-
-/// The memories in use before, to be put back.
-std::string SelectedMemories(HandsetLink& link) {
-    const ATResult result = AskMemory(link, "?");
-    std::string arguments;
-    std::string name;
-    for (int field = 1; field <= 7; field += 3) {
-        if (!result.GetString(name, 0, field)) return {};
-        arguments += fmt::format("{}\"{}\"", arguments.empty() ? "=" : ", ", name);
-    }
-    return arguments;
-}
 
 /// Reads one location. True when it could be read or is empty.
 bool ReadLocation(HandsetLink& link, const std::string& memory, int location, bool json, ATResult& result) {
@@ -58,17 +39,21 @@ bool ReadLocation(HandsetLink& link, const std::string& memory, int location, bo
 /// The handset numbers the locations of "SM" first, whichever memory is selected.
 ExitCode ListLocations(Connection& connection, const std::string& memory, bool json) {
     HandsetLink& link = connection.Link();
-    int32_t offset = 0;
-    if (memory != "SM" && link.Features().hasSimMemory) offset = AskMemory(link, "=\"SM\"").GetNumber(0, 2);
-    const ATResult selected = AskMemory(link, fmt::format("=\"{0}\", \"{0}\", \"{0}\"", memory));
-    const int32_t total = selected.GetNumber(0, 2);
-    if (total < 0 || offset < 0) {
+    const std::u16string name = Utf8ToText(memory);
+    MemoryUsage sim;
+    MemoryUsage usage;
+    const bool known =
+        (memory == "SM" || !link.Features().hasSimMemory || QueryMessageMemory(link, u"SM", sim)) &&
+        QueryMessageMemory(link, name, usage) && SelectMessageMemory(link, name);
+    if (!known) {
         PrintWords(fmt::format("the memory {} can't be selected", memory));
         return OperationFailed;
     }
+    const int offset = sim.total;
+    const int total = usage.total;
     ExitCode code = Done;
     ProgressLine progress;
-    for (int32_t i = 1; i <= total; ++i) {
+    for (int i = 1; i <= total; ++i) {
         if (connection.Cancelled()) {
             PrintWords("cancelled");
             return OperationFailed;
@@ -88,9 +73,10 @@ ExitCode ListLocations(Connection& connection, const std::string& memory, bool j
 ExitCode RawList(const GlobalOptions& options, const std::string& memory) {
     Connection connection(options);
     if (!connection.Open()) return NoLink;
-    const std::string before = SelectedMemories(connection.Link());
+    MemorySelection before;
+    const bool known = GetMessageMemories(connection.Link(), before);
     const ExitCode code = ListLocations(connection, memory, options.json);
-    if (!before.empty()) AskMemory(connection.Link(), before);
+    if (known) RestoreMessageMemories(connection.Link(), before);
     return code;
 }
 
