@@ -83,9 +83,9 @@ CMainFrame::CMainFrame(CTarnbridgeDoc& document, QWidget* parent)
     timer_->setObjectName(QStringLiteral("timer%1").arg(connectionTimer));
     timer_->setInterval(connectionInterval);
     connect(timer_, &QTimer::timeout, this, &CMainFrame::Tick);
-    // What is plugged in is tried at once, not at the next tick.
+    // What is plugged in or out is looked at at once, not at the next tick.
     connect(new PortWatcher(document_.Store(), this), &PortWatcher::changed, this, [this] {
-        if (timer_->isActive() && !document_.Watch().IsConnected()) Tick();
+        if (timer_->isActive()) Tick();
     });
     placementTimer_->setSingleShot(true);
     placementTimer_->setInterval(placementDelay);
