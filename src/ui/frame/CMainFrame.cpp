@@ -32,6 +32,7 @@ namespace {
 
 constexpr const char* placementSection = "Option";
 constexpr const char* placementEntry = "Placement";
+constexpr int paneMargin = 6;
 constexpr int placementDelay = 300;  // milliseconds, so that a move isn't a hundred writes
 constexpr int saveDelay = 1000;      // the same for a change of what the user keeps
 
@@ -157,6 +158,8 @@ void CMainFrame::MakeStatusBar() {
     model_->setTextFormat(Qt::PlainText);
     connection_ = new ConnectionPane;
     statusBar()->addWidget(formStatus_, 1);
+    for (QLabel* const pane : {formStatus_, port_, model_})
+        pane->setContentsMargins(paneMargin, 0, paneMargin, 0);
     for (QWidget* const pane :
          {static_cast<QWidget*>(port_), static_cast<QWidget*>(model_), static_cast<QWidget*>(connection_)})
         statusBar()->addPermanentWidget(pane);
