@@ -100,7 +100,10 @@ std::optional<MessageObject> ReadMelody(const std::string& path) {
 /// Adds text, pictures and melodies to a draft. False, and told, if something doesn't fit.
 bool Fill(MessageEditor& editor, const Composition& composition) {
     std::string text = composition.text;
-    if (text == "-") text.assign(std::istreambuf_iterator<char>(std::cin), {});
+    if (text == "-") {
+        text.assign(std::istreambuf_iterator<char>(std::cin), {});
+        if (text.ends_with('\n')) text.pop_back();  // ends the line, not the message
+    }
     const bool hasText = Append(editor, [&](int end) { return editor.Replace(end, end, Utf8ToText(text)); });
     if (!hasText) return false;
     const auto insert = [&editor](const std::optional<MessageObject>& object) {
@@ -183,6 +186,10 @@ ExitCode SendOutbox(const GlobalOptions& options, bool saysYes) {
     if (!desk.OpenProfile(true)) return OperationFailed;
     const auto messages = CollectOutbox(desk.Tree(), desk.User());
     if (!messages) return OperationFailed;
+    if (messages->empty()) {
+        PrintWords("there is nothing to send in pc/Outbox");
+        return Done;
+    }
     if (!desk.OpenHandset()) return NoLink;
     return SendAll(desk, *messages, options.json);
 }
@@ -233,7 +240,7 @@ const SmsRecord* FindOriginal(MessageDesk& desk, const std::string& sourceName, 
             code = NoLink;
             return nullptr;
         }
-        if (desk.Download(source->memory) != Done && desk.Cancelled()) return nullptr;
+        if (desk.Download() != Done && desk.Cancelled()) return nullptr;
     }
     const auto found = desk.Find(*source, {number});
     return found ? found->front().second : nullptr;
@@ -265,14 +272,21 @@ void AddContent(CLI::App& command, Composition& composition) {
         ->type_name("");
     command
         .add_option("--unicode", composition.coding,
-                    "auto: any character above U+007F makes the message UCS2; 7bit: never; by default the "
-                    "preference")
-        ->check(CLI::IsMember({"auto", "7bit"}))
-        ->type_name("");
+                    "auto: any character above U+007F makes the message UCS2; 7bit: never, and what that "
+                    "alphabet lacks goes as ?; by default the preference")
+        ->check(CLI::IsMember({"auto", "7bit"}).description(""))
+        ->type_name("auto|7bit");
     command.add_option("--picture", composition.pictures, "A wireless bitmap or .EMS file, behind the text")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->allow_extra_args(false);
     command.add_option("--melody", composition.melodies, "An iMelody file, behind text and pictures")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+}
+
+void RequireContent(const CLI::App& command) {
+    if (command.count("TEXT") + command.count("--picture") + command.count("--melody") == 0)
+        throw CLI::RequiredError("TEXT, --picture or --melody");
 }
 
 void AddOriginal(CLI::App& command, std::string& source, int& number) {
@@ -305,6 +319,7 @@ void AddComposeCommands(CLI::App& sms, Action& chosen) {
     send->add_flag("--yes", *yes, "Don't ask")->needs(whole);
     send->callback([&chosen, send, to, composition, all, yes] {
         if (!*all && to->count() == 0) throw CLI::RequiredError("--to or --all");
+        if (!*all) RequireContent(*send);
         chosen = [=](const GlobalOptions& global) {
             return *all ? SendOutbox(global, *yes) : Send(global, *composition);
         };
@@ -318,9 +333,10 @@ void AddComposeCommands(CLI::App& sms, Action& chosen) {
                      "Draft, Outbox, Sent or Inbox of the handset, or a folder of the PC")
         ->type_name("FOLDER")
         ->capture_default_str();
-    AddMemory(*save, *memory, "The memory of the handset, SM or ME; by default the preferred one");
+    AddMemory(*save, *memory, "The memory of the handset; by default the preferred one");
     AddContent(*save, *composition);
-    save->callback([&chosen, composition, folder, memory] {
+    save->callback([&chosen, save, composition, folder, memory] {
+        RequireContent(*save);
         chosen = [=](const GlobalOptions& global) { return Save(global, *composition, *folder, *memory); };
     });
 
@@ -329,7 +345,8 @@ void AddComposeCommands(CLI::App& sms, Action& chosen) {
     CLI::App* reply = sms.add_subcommand("reply", "Answer a message");
     AddOriginal(*reply, *source, *number);
     AddContent(*reply, *composition);
-    reply->callback([&chosen, source, number, composition] {
+    reply->callback([&chosen, reply, source, number, composition] {
+        RequireContent(*reply);
         chosen = [=](const GlobalOptions& global) {
             return SendAnswer(global, *source, *number, *composition, Answering::Reply);
         };

@@ -32,9 +32,13 @@ Connection::~Connection() {
 
 void Connection::WatchForCancel() {
     Event* const events[] = {&ended_, &signal_.Requested()};
-    if (Event::WaitAny(events, forever) == 0) return;
-    cancelled_ = true;
-    link_.BreakExchange();
+    while (Event::WaitAny(events, forever) != 0) {
+        signal_.Requested().Reset();
+        const bool again = cancelled_.exchange(true);
+        if (patient_ && !again) continue;
+        link_.BreakExchange();
+        return;
+    }
 }
 
 bool Connection::Open() {

@@ -16,7 +16,8 @@
 namespace tarnbridge {
 
 /// The handset for one run of a command: the port opened, the session made, and at the end both handed back.
-/// Ctrl-C breaks off the exchange under way; the command looks at Cancelled between two steps.
+/// Ctrl-C breaks off the exchange under way, unless the command is patient; the command looks at Cancelled
+/// between two steps.
 class Connection {
 public:
     explicit Connection(const GlobalOptions& options);
@@ -28,6 +29,10 @@ public:
     HandsetLink& Link() { return link_; }
     /// Whether to stop: the user wants it, or nobody gets what is printed.
     bool Cancelled() const { return cancelled_ || OutputFailed(); }
+
+    /// While patient, the first Ctrl-C lets the exchange under way come to its end, since what a broken one
+    /// has done on the handset isn't known; only the second breaks it off. For any thread.
+    void SetPatient(bool patient) { patient_ = patient; }
 
     /// What stands behind the port: a device path, or the name under which it was asked for.
     const std::string& Device() const { return device_; }
@@ -41,6 +46,7 @@ private:
     TerminationSignal signal_;
     Event ended_{ResetMode::Manual};
     std::atomic<bool> cancelled_{false};
+    std::atomic<bool> patient_{false};
     const std::unique_ptr<EntryStore> store_ = OpenUserStore();
     PortMap ports_{*store_};
     SystemClock clock_;

@@ -2,6 +2,8 @@
 
 #include "tarnctl/MessageCommands.h"
 
+#include <set>
+
 #include <fmt/format.h>
 
 #include "core/base/StringTable.h"
@@ -122,7 +124,8 @@ ExitCode Delete(const GlobalOptions& options, const Selection& selection, bool s
         if (!folders.ConfirmDelete()) return OperationFailed;
         if (!desk.OpenHandset()) return NoLink;
         folder = &desk.Tree().OnHandset(draftPlace);
-        for (const int location : selection.numbers) {
+        const std::set<int> locations(selection.numbers.begin(), selection.numbers.end());
+        for (const int location : locations) {
             auto record = std::make_unique<SmsRecord>();
             record->storage = source->memory;
             record->handsetIndices = {location};
@@ -142,7 +145,7 @@ ExitCode Transfer(const GlobalOptions& options, const Selection& selection, cons
     if (!source || !target) return WrongUsage;
     const bool needsHandset = !source->folder || desk.Tree().IsOnHandset(*target);
     if (needsHandset && !desk.OpenHandset()) return NoLink;
-    if (!source->folder && desk.Download(source->memory) != Done && desk.Cancelled()) return OperationFailed;
+    if (!source->folder && desk.Download() != Done && desk.Cancelled()) return OperationFailed;
     const auto found = desk.Find(*source, selection.numbers);
     if (!found) return OperationFailed;
 
@@ -160,7 +163,7 @@ ExitCode Transfer(const GlobalOptions& options, const Selection& selection, cons
             continue;
         }
         MessageTransfer transfer(desk.Worker(), desk.Tree(), desk,
-                                 {folder, records, target, desk.MemoryFor(to.memory), move});
+                                 {folder, records, target, desk.MemoryFor(to.memory, source->memory), move});
         desk.Run(transfer);
         if (!desk.Report(transfer, transfer.Outcomes())) code = OperationFailed;
         if (transfer.WentToDraft()) PrintWords(TextToUtf8(Words(Word::StoredAsDraft)));
@@ -221,7 +224,8 @@ ExitCode Export(const GlobalOptions& options, const std::string& path, const std
     if (options.json)
         PrintRecord({{"written", done->written}, {"skipped", done->skipped}});
     else
-        PrintWords(fmt::format("{} messages written, {} without text skipped", done->written, done->skipped));
+        PrintWords(
+            fmt::format("messages written: {}; without text, left out: {}", done->written, done->skipped));
     return code;
 }
 
@@ -261,7 +265,7 @@ ExitCode Import(const GlobalOptions& options, const std::string& path, const std
     if (options.json)
         PrintRecord({{"taken", done->taken}, {"refused", done->refused}});
     else
-        PrintWords(fmt::format("{} messages taken, {} lines refused", done->taken, done->refused));
+        PrintWords(fmt::format("messages taken: {}; lines refused: {}", done->taken, done->refused));
     return desk.Finish(done->refused == 0 ? Done : OperationFailed);
 }
 
@@ -273,13 +277,15 @@ void AddSelection(CLI::App& command, Selection& selection, const char* numbers, 
         ->required();
     CLI::Option* const option =
         command.add_option("NUMBER", selection.numbers, numbers)->type_name("")->required();
-    option->expected(1, several ? 1'000'000 : 1);
+    if (!several) option->expected(1);
 }
 
 }  // namespace
 
 void AddMemory(CLI::App& command, std::string& memory, const char* words) {
-    command.add_option("--memory", memory, words)->check(CLI::IsMember({"SM", "ME"}))->type_name("");
+    command.add_option("--memory", memory, words)
+        ->transform(CLI::IsMember({"SM", "ME"}, CLI::ignore_case).description(""))
+        ->type_name("SM|ME");
 }
 
 void AddMessageCommands(CLI::App& sms, Action& chosen) {
@@ -288,7 +294,7 @@ void AddMessageCommands(CLI::App& sms, Action& chosen) {
     CLI::App* list =
         sms.add_subcommand("list", "Read all messages, long ones joined, or list a folder of the PC");
     list->footer("Reading an unread message makes it a read one, as on the handset itself.");
-    AddMemory(*list, *memory, "Only this memory of the handset: SM or ME");
+    AddMemory(*list, *memory, "Only this memory of the handset");
     list->add_option("--folder", *folder, "Only this folder: Inbox, Outbox, Sent, Draft, or one of the PC")
         ->type_name("FOLDER");
     list->callback([&chosen, memory, folder] {
@@ -325,8 +331,10 @@ void AddMessageCommands(CLI::App& sms, Action& chosen) {
             ->add_option("--folder", target->folder, "Where to: Inbox, Outbox, Sent, Draft, or one of the PC")
             ->type_name("FOLDER")
             ->required();
-        AddMemory(*transfer, target->memory,
-                  "The memory of the handset to use, SM or ME; by default the preferred one");
+        AddMemory(
+            *transfer, target->memory,
+            "The memory of the handset to write to; by default the one that the messages come from, or else "
+            "the preferred one");
         transfer->callback([&chosen, selection, target, move] {
             chosen = [=](const GlobalOptions& global) { return Transfer(global, *selection, *target, move); };
         });

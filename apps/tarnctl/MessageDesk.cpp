@@ -16,6 +16,7 @@ namespace {
 
 constexpr const char* placeNames[] = {"Inbox", "Outbox", "Sent", "Draft", "Personal", "Trash"};
 constexpr std::string_view pcPrefix = "pc/";
+constexpr Milliseconds saveInterval = std::chrono::seconds(2);
 
 std::vector<std::string_view> SplitPath(std::string_view path) {
     std::vector<std::string_view> names;
@@ -33,6 +34,14 @@ MessageFolder* ChildNamed(MessageFolder& folder, std::string_view name) {
         if (child->name == wanted) return child;
     }
     return nullptr;
+}
+
+/// Whether a message, or a part of it, is at a location. No two memories have the same numbers; the parts of
+/// a message may lie in both, and its storage is that of the first one.
+bool IsAt(const SmsRecord& record, std::u16string_view memory, int location) {
+    const std::vector<int>& own = record.handsetIndices;
+    const auto found = std::find(own.begin(), own.end(), location);
+    return found != own.end() && (found != own.begin() || record.storage == memory);
 }
 
 }  // namespace
@@ -79,8 +88,9 @@ bool MessageDesk::OpenHandset() {
     return false;
 }
 
-std::u16string MessageDesk::MemoryFor(const std::string& option) const {
+std::u16string MessageDesk::MemoryFor(const std::string& option, const std::u16string& from) const {
     if (!option.empty()) return Utf8ToText(option);
+    if (!from.empty()) return from;
     return settings_.GetText(SettingIndex::SmsMemory) == u"SM" ? u"SM" : u"ME";
 }
 
@@ -89,7 +99,9 @@ bool MessageDesk::Run(HandsetTask& task) {
     task.onProgress = [&line](const HandsetTask::Standing& standing) {
         line.Show(fmt::format("{} {}/{}", TextToUtf8(standing.words), standing.done + 1, standing.total));
     };
+    if (connection_) connection_->SetPatient(true);
     const bool begun = RunTask(task, [this] { return Cancelled(); });
+    if (connection_) connection_->SetPatient(false);
     task.onProgress = nullptr;
     return begun;
 }
@@ -183,8 +195,7 @@ std::optional<std::vector<std::pair<MessageFolder*, SmsRecord*>>> MessageDesk::F
             for (const MessagePlace place : handsetPlaces) {
                 MessageFolder& folder = Tree().OnHandset(place);
                 for (const auto& record : folder.records) {
-                    const std::vector<int>& own = record->handsetIndices;
-                    if (std::find(own.begin(), own.end(), number) == own.end()) continue;
+                    if (!IsAt(*record, source.memory, number)) continue;
                     known = true;
                     add(&folder, record.get());
                 }
@@ -199,7 +210,13 @@ std::optional<std::vector<std::pair<MessageFolder*, SmsRecord*>>> MessageDesk::F
     return found;
 }
 
+void MessageDesk::PcFoldersChanged() {
+    changed_ = true;
+    if (file_ && clock_.Now() - saved_ > saveInterval) SaveNow();
+}
+
 bool MessageDesk::SaveNow() {
+    saved_ = clock_.Now();
     const Outcome outcome = file_->Save(profile_);
     if (!outcome) {
         PrintWords(TextToUtf8(Words(Word::ProfileNotSaved)));

@@ -49,8 +49,8 @@ public:
     Clock& SystemTime() { return clock_; }
     const Settings& UserSettings() const { return settings_; }
 
-    /// The memory that is asked for, or else the preferred one.
-    std::u16string MemoryFor(const std::string& option) const;
+    /// The memory that is asked for, or else the one that the messages come from, or else the preferred one.
+    std::u16string MemoryFor(const std::string& option, const std::u16string& from = {}) const;
 
     bool Cancelled() const { return connection_ && connection_->Cancelled(); }
 
@@ -67,15 +67,16 @@ public:
     std::string NameOf(const MessageFolder& folder);
     std::optional<Source> FindSource(const std::string& name);
 
-    /// The messages of these numbers, in a folder each. A memory must have been downloaded; a location stands
-    /// for the whole message that it belongs to.
+    /// The messages of these numbers, in a folder each. For a memory the whole handset must have been
+    /// downloaded: a location stands for the whole message that it belongs to, and its parts may lie in both.
     std::optional<std::vector<std::pair<MessageFolder*, SmsRecord*>>> Find(const Source& source,
                                                                            const std::vector<int>& numbers);
 
     /// Saves what has changed. OperationFailed if that fails, otherwise the code given.
     ExitCode Finish(ExitCode code);
 
-    void PcFoldersChanged() override { changed_ = true; }
+    /// Saves now and then: what was sent must not wait to be sent again if the program is killed.
+    void PcFoldersChanged() override;
     bool SaveNow() override;
 
 private:
@@ -87,6 +88,7 @@ private:
     Profile profile_;
     std::unique_ptr<ProfileFile> file_;
     bool changed_ = false;
+    Milliseconds saved_ = clock_.Now();
     std::optional<Connection> connection_;
     BackgroundWorker worker_;
 };

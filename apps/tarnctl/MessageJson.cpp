@@ -93,7 +93,8 @@ std::string MessageToLine(const Json& message) {
 }
 
 std::string MessageToPage(const Json& message) {
-    return fmt::format("{}  {}  {}\n{}  {}{}\n\n{}", Places(message), message.at("folder").get<std::string>(),
+    return fmt::format("{}{}  {}\n{}  {}{}\n\n{}", Places(message),
+                       message.contains("number") ? "" : "  " + message.at("folder").get<std::string>(),
                        WordOf(message.at("status").get<int>()), message.at("address").get<std::string>(),
                        message.at("time").get<std::string>(), Remarks(message),
                        message.at("text").get<std::string>());

@@ -101,6 +101,8 @@ ExitCode Join(const std::vector<std::string>& files) {
 void AddSmsCommands(CLI::App& app, Action& chosen) {
     CLI::App* sms = app.add_subcommand("sms", "Short messages");
     sms->require_subcommand(1);
+    AddMessageCommands(*sms, chosen);
+    AddComposeCommands(*sms, chosen);
     const auto memory = std::make_shared<std::string>();
     CLI::App* rawList =
         sms->add_subcommand("raw-list", "Print state and PDU of every used location of a memory");
@@ -120,8 +122,6 @@ void AddSmsCommands(CLI::App& app, Action& chosen) {
         "object for each message, with the numbers of its lines.");
     AddFiles(*join, *files);
     join->callback([&chosen, files] { chosen = [files](const GlobalOptions&) { return Join(*files); }; });
-    AddMessageCommands(*sms, chosen);
-    AddComposeCommands(*sms, chosen);
 }
 
 }  // namespace tarnbridge

@@ -17,7 +17,7 @@ public:
     TerminationSignal& operator=(const TerminationSignal&) = delete;
     ~TerminationSignal();
 
-    /// Set by the first signal and never reset.
+    /// Set by each signal; only who waits for another one resets it.
     Event& Requested() { return requested_; }
 
 private:
