@@ -75,32 +75,58 @@ void EncodePdu(benchmark::State& state) {
 }
 BENCHMARK(EncodePdu);
 
-/// Messages of three parts each, with wide references.
+/// The parts of messages of three parts each, with wide references.
+SmsRecordList Parts(int count) {
+    SmsRecordList records;
+    for (int i = 0; i < count; ++i) {
+        const int message = i % (count / 3);
+        records.push_back(std::make_unique<SmsRecord>());
+        records.back()->userDataHeader = {'\x08',
+                                          '\x04',
+                                          static_cast<char>(message >> 8),
+                                          static_cast<char>(message),
+                                          '\x03',
+                                          static_cast<char>(1 + i / (count / 3))};
+        records.back()->text8.assign(153, 'x');
+        records.back()->handsetIndices = {i};
+    }
+    return records;
+}
+
 void JoinThreeParts(benchmark::State& state) {
     const auto count = static_cast<int>(state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
-        SmsRecordList records;
-        for (int i = 0; i < count; ++i) {
-            const int message = i % (count / 3);
-            records.push_back(std::make_unique<SmsRecord>());
-            records.back()->userDataHeader = {'\x08',
-                                              '\x04',
-                                              static_cast<char>(message >> 8),
-                                              static_cast<char>(message),
-                                              '\x03',
-                                              static_cast<char>(1 + i / (count / 3))};
-            records.back()->text8.assign(153, 'x');
-            records.back()->handsetIndices = {i};
-        }
+        SmsRecordList records = Parts(count);
         state.ResumeTiming();
         JoinParts(records);
         if (records.size() != static_cast<size_t>(count / 3)) state.SkipWithError("not joined");
         benchmark::DoNotOptimize(records.data());
+        state.PauseTiming();
+        records.clear();
+        state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * count);
 }
-BENCHMARK(JoinThreeParts)->Arg(600)->Arg(6000)->Arg(60000);
+BENCHMARK(JoinThreeParts)->Arg(999)->Arg(9'999)->Arg(99'999);
+
+/// Its yardstick: the same records copied, which touches the same memory.
+void CopyThreeParts(benchmark::State& state) {
+    const auto count = static_cast<int>(state.range(0));
+    const SmsRecordList records = Parts(count);
+    for (auto _ : state) {
+        SmsRecordList copies;
+        copies.reserve(records.size());
+        for (const auto& record : records)
+            copies.push_back(std::make_unique<SmsRecord>(*record));
+        benchmark::DoNotOptimize(copies.data());
+        state.PauseTiming();
+        copies.clear();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * count);
+}
+BENCHMARK(CopyThreeParts)->Arg(999)->Arg(9'999)->Arg(99'999);
 
 }  // namespace
 }  // namespace tarnbridge
