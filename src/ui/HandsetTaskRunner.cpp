@@ -8,7 +8,9 @@
 namespace tarnbridge {
 
 HandsetTaskRunner::HandsetTaskRunner(CTarnbridgeDoc& document, QObject* parent)
-    : QObject(parent), document_(document), receiver_([this](Message& message) { return Receive(message); }) {}
+    : QObject(parent),
+      document_(document),
+      receiver_([this](Message& message) { return Receive(message); }) {}
 
 HandsetTaskRunner::~HandsetTaskRunner() {
     if (IsBusy()) document_.viewSwitchAllowed = true;

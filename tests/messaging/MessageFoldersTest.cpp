@@ -121,7 +121,8 @@ TEST_F(MessageFoldersTest, TheListSortsAndFiltersWithoutTouchingTheRecords) {
     list.Filter(u"");
     EXPECT_EQ(list.Count(), 3u);
     personal.RemoveRecords();
-    EXPECT_EQ(cells(Column::Memory), (Cells{u"SIM", u"PC", u"ME"})) << "as it was, though the records are gone";
+    EXPECT_EQ(cells(Column::Memory), (Cells{u"SIM", u"PC", u"ME"}))
+        << "as it was, though the records are gone";
     list.Sort(Column::Time, false);
     EXPECT_EQ(cells(Column::Time).size(), 3u);
 }

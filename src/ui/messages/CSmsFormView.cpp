@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTextBrowser>
@@ -169,12 +170,12 @@ void CSmsFormView::MakeMenus() {
     };
     menus_ = {
         make(Word::MenuEdit, "editMenu",
-             {C::CutMessages, C::CopyMessages, C::PasteMessages, separator, C::MoveMessages, C::CopyMessagesTo,
-              C::DeleteMessages, separator, C::SelectAllMessages, C::FindMessages}),
+             {C::CutMessages, C::CopyMessages, C::PasteMessages, separator, C::MoveMessages,
+              C::CopyMessagesTo, C::DeleteMessages, separator, C::SelectAllMessages, C::FindMessages}),
         make(Word::MenuMessage, "messageMenu",
-             {C::NewMessage,      C::OpenMessage,    C::ReplyMessage,    C::ForwardMessage, separator,
-              C::SendMessage,     C::SendAllMessages, C::ReadMessages,   separator,         C::SaveText,
-              C::ImportMessages,  C::ExportMessages, separator,          C::PrintMessage,   C::PrintPreview}),
+             {C::NewMessage, C::OpenMessage, C::ReplyMessage, C::ForwardMessage, separator, C::SendMessage,
+              C::SendAllMessages, C::ReadMessages, separator, C::SaveText, C::ImportMessages,
+              C::ExportMessages, separator, C::PrintMessage, C::PrintPreview}),
         make(Word::MenuFolder, "folderMenu",
              {C::MakeFolder, C::RenameFolder, C::DeleteFolder, C::CleanTrash}),
     };
@@ -187,9 +188,8 @@ void CSmsFormView::MakeMenus() {
                                  {C::MakeFolder, C::RenameFolder, C::DeleteFolder, C::CleanTrash, separator,
                                   C::PasteMessages, separator, C::ImportMessages, C::ExportMessages});
     const auto pop = [](QAbstractItemView* view, QMenu* menu) {
-        connect(view, &QWidget::customContextMenuRequested, menu, [view, menu](const QPoint& place) {
-            menu->popup(view->viewport()->mapToGlobal(place));
-        });
+        connect(view, &QWidget::customContextMenuRequested, menu,
+                [view, menu](const QPoint& place) { menu->popup(view->viewport()->mapToGlobal(place)); });
     };
     pop(list_, listMenu);
     pop(tree_, treeMenu);
@@ -219,16 +219,24 @@ void CSmsFormView::Connect() {
             [this](int column, Qt::SortOrder order) {
                 parentWidget()->setProperty(sortingProperty, QVariantList{column, static_cast<int>(order)});
             });
-    connect(treeModel_, &MessageTreeModel::messagesDropped, this,
-            [this](MessageFolder* from, const std::vector<SmsRecord*>& records, MessageFolder* to, bool move) {
-                operations_->Transfer({from, records}, *to, move);
-            });
-    connect(treeModel_, &MessageTreeModel::folderDropped, this,
-            [this](MessageFolder* folder, MessageFolder* under) { operations_->MoveFolder(*folder, *under); });
+    connect(
+        treeModel_, &MessageTreeModel::messagesDropped, this,
+        [this](MessageFolder* from, const std::vector<SmsRecord*>& records, MessageFolder* to, bool move) {
+            operations_->Transfer({from, records}, *to, move);
+        });
+    connect(
+        treeModel_, &MessageTreeModel::folderDropped, this,
+        [this](MessageFolder* folder, MessageFolder* under) { operations_->MoveFolder(*folder, *under); });
     connect(operations_, &MessageOperations::changed, this, &CSmsFormView::Refresh);
     connect(operations_, &MessageOperations::busyChanged, this, &CSmsFormView::UpdateCommands);
     connect(find_, &QLineEdit::textChanged, this, &CSmsFormView::Find);
     connect(find_, &QLineEdit::returnPressed, list_, qOverload<>(&QWidget::setFocus));
+    auto* const escape = new QShortcut(Qt::Key_Escape, find_);
+    escape->setContext(Qt::WidgetShortcut);
+    connect(escape, &QShortcut::activated, this, [this] {
+        find_->clear();
+        list_->setFocus();
+    });
 
     const auto on = [this](C::Command command, auto use) {
         connect(commands_->Get(command), &QAction::triggered, this, use);
@@ -436,7 +444,7 @@ void CSmsFormView::ShowSelected() {
     const SmsRecord* const record = TheSelected();
     reader_->clear();
     if (record) {
-        reader_->setPlainText(ToQString(record->TextAsWide()));
+        reader_->setPlainText(ToQString(record->TextAsWide()).remove(QChar(0x1B)));
         if (operations_->MarkRead(Selected())) {
             listModel_->ShowAsRead(list_->selectionModel()->selectedRows().front().row());
             refreshing_ = true;

@@ -40,9 +40,10 @@ const std::vector<Row>& Rows() {
     static const std::vector<Row> rows = {
         {C::NewMessage, "newMessage", "new", Word::CommandNewMessage, QKeySequence::New, 0},
         {C::OpenMessage, "openMessage", "open", Word::CommandOpenMessage, QKeySequence::Open, OneMessage},
-        {C::ReplyMessage, "replyMessage", "reply", Word::CommandReplyMessage, Qt::CTRL | Qt::Key_R, OneMessage},
-        {C::ForwardMessage, "forwardMessage", "forward", Word::CommandForwardMessage,
-         Qt::CTRL | Qt::Key_L, OneMessage},
+        {C::ReplyMessage, "replyMessage", "reply", Word::CommandReplyMessage, Qt::CTRL | Qt::Key_R,
+         OneMessage},
+        {C::ForwardMessage, "forwardMessage", "forward", Word::CommandForwardMessage, Qt::CTRL | Qt::Key_L,
+         OneMessage},
         {C::SendMessage, "sendMessage", "send", Word::CommandSendMessage, Qt::CTRL | Qt::Key_Return,
          Rest | Handset | SomeMessages},
         {C::SendAllMessages, "sendAllMessages", "send-all", Word::CommandSendAllMessages,
@@ -108,8 +109,7 @@ constexpr Obstacle obstacles[] = {
 
 MessageCommands::MessageCommands(QObject* parent) : QObject(parent) {
     for (const Row& row : Rows()) {
-        auto* const action =
-            new QAction(ThemedIcon(QString::fromLatin1(row.icon)), QWords(row.words), this);
+        auto* const action = new QAction(ThemedIcon(QString::fromLatin1(row.icon)), QWords(row.words), this);
         action->setObjectName(QString::fromLatin1(row.name));
         action->setShortcut(row.shortcut);
         actions_[row.command] = action;
@@ -121,8 +121,7 @@ std::optional<Word> MessageCommands::Obstacle(Command command, const MessageSitu
     const auto row = std::find_if(Rows().begin(), Rows().end(),
                                   [command](const Row& other) { return other.command == command; });
     for (const auto& obstacle : obstacles) {
-        if ((row->needs & obstacle.need) != 0 && obstacle.missing(situation))
-            return obstacle.words;
+        if ((row->needs & obstacle.need) != 0 && obstacle.missing(situation)) return obstacle.words;
     }
     return std::nullopt;
 }

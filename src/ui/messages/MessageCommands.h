@@ -13,17 +13,17 @@ namespace tarnbridge {
 
 /// What decides which commands are possible.
 struct MessageSituation {
-    bool busy = false;              ///< a task runs
-    bool connected = false;         ///< the handset answers
-    size_t selected = 0;            ///< messages
-    size_t inFolder = 0;            ///< messages, shown or not
-    bool holdsMessages = false;     ///< the folder
-    bool mayMakeFolder = false;     ///< in the folder
-    bool mayChangeFolder = false;   ///< the user made it
-    bool isTrash = false;           ///< the trash can itself
+    bool busy = false;             ///< a task runs
+    bool connected = false;        ///< the handset answers
+    size_t selected = 0;           ///< messages
+    size_t inFolder = 0;           ///< messages, shown or not
+    bool holdsMessages = false;    ///< the folder
+    bool mayMakeFolder = false;    ///< in the folder
+    bool mayChangeFolder = false;  ///< the user made it
+    bool isTrash = false;          ///< the trash can itself
     bool trashHasContent = false;
-    bool outboxHasMessages = false; ///< the PC's
-    bool canPaste = false;          ///< messages were cut or copied
+    bool outboxHasMessages = false;  ///< the PC's
+    bool canPaste = false;           ///< messages were cut or copied
 };
 
 /// The commands of the messages as actions that menus, tool bar and context menus share. Each knows when it

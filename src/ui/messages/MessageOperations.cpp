@@ -23,7 +23,7 @@ FileQuestion MessageFile(FilePurpose purpose, Word title) {
 }
 
 void AddLine(std::u16string& words, const std::u16string& line) {
-    words += (words.empty() ? u"" : u"\n") + line;
+    if (!line.empty()) words += (words.empty() ? u"" : u"\n") + line;
 }
 
 }  // namespace
@@ -93,8 +93,7 @@ void MessageOperations::TransferAsking(const MessageSelection& selection, bool m
     if (selection.IsEmpty()) return;
     WithMemories([this, kept = kept_.Keep(selection), move](const std::vector<std::u16string>& memories) {
         const auto target = AskSaveTarget(
-            tree_,
-            {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = kept->folder},
+            tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = kept->folder},
             document_.User());
         if (target) TransferTo(*kept, *target, move);
     });
@@ -106,18 +105,19 @@ void MessageOperations::Transfer(const MessageSelection& selection, MessageFolde
         TransferTo(selection, {&to}, move);
         return;
     }
-    WithMemories([this, kept = kept_.Keep(selection), &to, move](const std::vector<std::u16string>& memories) {
-        std::optional<SaveTarget> target;
-        if (memories.empty())
-            document_.User().Tell(Words(Word::ObstacleNoHandset));
-        else if (memories.size() == 1)
-            target = SaveTarget{&to, memories.front()};
-        else
-            target = AskSaveTarget(
-                tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = &to},
-                document_.User());
-        if (target) TransferTo(*kept, *target, move);
-    });
+    WithMemories(
+        [this, kept = kept_.Keep(selection), &to, move](const std::vector<std::u16string>& memories) {
+            std::optional<SaveTarget> target;
+            if (memories.empty())
+                document_.User().Tell(Words(Word::ObstacleNoHandset));
+            else if (memories.size() == 1)
+                target = SaveTarget{&to, memories.front()};
+            else
+                target = AskSaveTarget(
+                    tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = &to},
+                    document_.User());
+            if (target) TransferTo(*kept, *target, move);
+        });
 }
 
 /// \param ended  whether all of them are there
@@ -156,8 +156,8 @@ void MessageOperations::Paste(MessageFolder& to) {
 void MessageOperations::Delete(const MessageSelection& selection) {
     if (selection.IsEmpty() || runner_.IsBusy() || !folders_.ConfirmDelete()) return;
     kept_.Forget(selection.records);
-    const auto removal = std::make_shared<MessageRemoval>(document_.Worker(), tree_, Keeper(), *selection.folder,
-                                                          selection.records);
+    const auto removal = std::make_shared<MessageRemoval>(document_.Worker(), tree_, Keeper(),
+                                                          *selection.folder, selection.records);
     runner_.Run(removal, Words(Word::DeletingMessages), [this, removal] {
         Q_EMIT changed();
         Report(*removal, removal->Outcomes());
@@ -238,9 +238,8 @@ void MessageOperations::Import(MessageFolder& folder) {
     if (!done) {
         document_.User().Tell(Words(Word::MessagesNotImported) + u"\n" + Utf8ToText(done.Failure().text));
     } else if (done->refused > 0) {
-        document_.User().Tell(
-            Words(Word::LinesRefused,
-                  {static_cast<int64_t>(done->taken), static_cast<int64_t>(done->refused)}));
+        document_.User().Tell(Words(
+            Word::LinesRefused, {static_cast<int64_t>(done->taken), static_cast<int64_t>(done->refused)}));
     }
 }
 
