@@ -76,6 +76,23 @@ bool MessageFolders::Remove(MessageFolder& folder) {
     return true;
 }
 
+bool MessageFolders::MayMove(const MessageFolder& folder, const MessageFolder& under) const {
+    if (!MayChange(folder) || folder.parent == &under) return false;
+    for (const MessageFolder* level = &under; level; level = level->parent) {
+        if (level == &folder) return false;
+    }
+    return MayMakeFolder(under) || &under == &tree_.OnPc(messageTrashPlace);
+}
+
+bool MessageFolders::Move(MessageFolder& folder, MessageFolder& under) {
+    if (!MayMove(folder, under)) return false;
+    auto taken = TakeFolder(folder);
+    if (!taken) return false;
+    under.Append(std::move(taken));
+    keeper_.PcFoldersChanged();
+    return true;
+}
+
 bool MessageFolders::CleanTrash() {
     if (user_.Ask(Words(Word::DeleteForGood)) != Answer::Yes) return false;
     MessageFolder& trash = tree_.OnPc(messageTrashPlace);

@@ -28,6 +28,13 @@ public:
     /// the trash can goes for good if he says Yes. The folder may be gone afterwards.
     bool Remove(MessageFolder& folder);
 
+    /// Whether a folder, with all that is in it, can go under another one: the user made it, and the other
+    /// one takes folders or is the trash can, hasn't got it already and doesn't lie in it.
+    bool MayMove(const MessageFolder& folder, const MessageFolder& under) const;
+
+    /// Puts it there if it can go there.
+    bool Move(MessageFolder& folder, MessageFolder& under);
+
     /// Destroys all that is in the trash can if the user says Yes.
     bool CleanTrash();
 

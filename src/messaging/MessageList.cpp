@@ -27,7 +27,12 @@ void MessageList::Open(const MessageFolder& folder) {
         const std::lock_guard guard(folder.lock);
         rows_.reserve(folder.records.size());
         for (const auto& record : folder.records) {
-            Row row{record.get(), Comparable(record->timestamp), WidenBytes(record->address.number),
+            Row row{record.get(),
+                    record->timestamp,
+                    Comparable(record->timestamp),
+                    record->status == smsUnread,
+                    MemoryWords(record->storage),
+                    WidenBytes(record->address.number),
                     record->TextAsWide()};
             std::erase(row.text, extensionMark);
             rows_.push_back(std::move(row));
@@ -72,7 +77,7 @@ void MessageList::Show() {
     };
     switch (column_) {
         case Column::Memory:
-            sort([](const Row& row) -> std::u16string_view { return row.record->storage; });
+            sort([](const Row& row) -> std::u16string_view { return row.memory; });
             break;
         case Column::Address:
             sort([](const Row& row) -> std::u16string_view { return row.address; });
@@ -89,11 +94,11 @@ void MessageList::Show() {
 std::u16string MessageList::CellOf(const Row& row, Column column) {
     switch (column) {
         case Column::Memory:
-            return MemoryWords(row.record->storage);
+            return row.memory;
         case Column::Address:
             return row.address;
         case Column::Time:
-            return WidenBytes(row.record->timestamp.ToText());
+            return WidenBytes(row.timestamp.ToText());
         case Column::Text:
             break;
     }

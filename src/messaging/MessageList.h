@@ -10,15 +10,19 @@
 namespace tarnbridge {
 
 /// The list of a folder's messages as the user sees it, sorted and filtered, in the records' own order at
-/// first. Nothing is decoded for it. It is a picture of the folder: Open takes it anew after each change, and
-/// a record is looked at only while it lies in the folder. For the thread that owns the folder.
+/// first. Nothing is decoded for it. It is a picture of the folder, which Open takes anew after a change: no
+/// record is looked at afterwards, so one may leave the folder at any time. For the thread that owns the
+/// folder.
 class MessageList {
 public:
     enum class Column { Memory, Address, Time, Text };
 
     struct Row {
         SmsRecord* record = nullptr;
+        SmsTimestamp timestamp;
         uint64_t time = 0;  ///< for comparing
+        bool unread = false;
+        std::u16string memory;  ///< as the user sees it
         std::u16string address;
         std::u16string text;  ///< without the marks 0x1B
         std::u16string folded{};
@@ -34,6 +38,10 @@ public:
     /// Shows only those whose address or text contains this, whatever the case of its letters; all if empty.
     void Filter(std::u16string_view text);
 
+    /// The row's message has been read.
+    void ShowAsRead(size_t place) { rows_[shown_[place]].unread = false; }
+
+    size_t CountOfAll() const { return rows_.size(); }
     size_t Count() const { return shown_.size(); }
     const Row& At(size_t place) const { return rows_[shown_[place]]; }
 

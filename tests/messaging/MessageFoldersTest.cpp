@@ -53,6 +53,22 @@ TEST_F(MessageFoldersTest, AreMadeRenamedAndMovedToTheTrashWithTheirContent) {
     EXPECT_EQ(keeper.changes, 5);
 }
 
+TEST_F(MessageFoldersTest, GoUnderOthersButNotIntoThemselves) {
+    MessageFolder& family = *folders.Make(personal, u"Family");
+    MessageFolder& sister = *folders.Make(family, u"Sister");
+    MessageFolder& inbox = tree.OnPc(inboxPlace);
+    EXPECT_FALSE(folders.Move(family, family) || folders.Move(family, sister)) << "a folder without a root";
+    EXPECT_FALSE(folders.Move(family, personal)) << "there already";
+    EXPECT_FALSE(folders.Move(family, inbox) || folders.Move(inbox, family));
+    EXPECT_TRUE(folders.Move(sister, personal));
+    EXPECT_EQ(sister.parent, &personal);
+    EXPECT_TRUE(folders.Move(sister, trash));
+    EXPECT_TRUE(tree.IsInTrash(sister));
+    EXPECT_TRUE(folders.Move(sister, family)) << "and back";
+    EXPECT_TRUE(trash.children.empty());
+    EXPECT_EQ(keeper.changes, 5);
+}
+
 TEST_F(MessageFoldersTest, TransfersAndCleaningAskAndRefuse) {
     MessageFolder& inbox = tree.OnPc(inboxPlace);
     EXPECT_FALSE(folders.MayTransfer(inbox, inbox, true));
@@ -104,6 +120,11 @@ TEST_F(MessageFoldersTest, TheListSortsAndFiltersWithoutTouchingTheRecords) {
     EXPECT_EQ(cells(Column::Address), Cells{u"+2"});
     list.Filter(u"");
     EXPECT_EQ(list.Count(), 3u);
+    personal.RemoveRecords();
+    EXPECT_EQ(cells(Column::Memory), (Cells{u"SIM", u"PC", u"ME"}))
+        << "as it was, though the records are gone";
+    list.Sort(Column::Time, false);
+    EXPECT_EQ(cells(Column::Time).size(), 3u);
 }
 
 }  // namespace

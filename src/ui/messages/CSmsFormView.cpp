@@ -1,16 +1,509 @@
 #include "ui/messages/CSmsFormView.h"
 
+#include <QAction>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTextBrowser>
+#include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "core/app/CTarnbridgeDoc.h"
+#include "core/app/FrameMessages.h"
 #include "ui/EmptyHint.h"
+#include "ui/Icons.h"
 #include "ui/QtText.h"
+#include "ui/messages/MessageListModel.h"
+#include "ui/messages/MessageOperations.h"
+#include "ui/messages/MessageTreeModel.h"
 
 namespace tarnbridge {
+namespace {
 
-CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent) : FormView(document, parent) {
-    auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(new EmptyHint(QStringLiteral("messages"), QWords(Word::MessagesPlaceTitle),
-                                    QWords(Word::MessagesPlaceHint)));
+// What the frame keeps for the next view of its run.
+constexpr const char* sortingProperty = "messageSorting";
+constexpr const char* folderProperty = "messageFolder";
+
+constexpr int defaultSplitter[] = {190, 600, 280, 220};
+constexpr int defaultColumns[] = {70, 150, 150, 400};
+constexpr int narrowest = 20;
+constexpr int widest = 10'000;
+
+/// Stored lists come from a file that anybody can change.
+bool IsUsable(const std::vector<int32_t>& sizes, size_t count) {
+    return sizes.size() == count && std::all_of(sizes.begin(), sizes.end(), [](int32_t size) {
+               return size >= narrowest && size <= widest;
+           });
 }
+
+template <size_t count>
+std::vector<int32_t> SizesOr(const std::vector<int32_t>& stored, const int (&otherwise)[count]) {
+    if (IsUsable(stored, count)) return stored;
+    return std::vector<int32_t>(std::begin(otherwise), std::end(otherwise));
+}
+
+/// The places from the root down to an index, and back.
+QVariantList PathOf(QModelIndex index) {
+    QVariantList path;
+    for (; index.isValid(); index = index.parent())
+        path.prepend(index.row());
+    return path;
+}
+
+QModelIndex IndexAt(const QAbstractItemModel& model, const QVariantList& path) {
+    QModelIndex index;
+    for (const QVariant& row : path) {
+        const QModelIndex next = model.index(row.toInt(), 0, index);
+        if (!next.isValid()) break;
+        index = next;
+    }
+    return index;
+}
+
+}  // namespace
+
+CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent)
+    : FormView(document, parent),
+      operations_(new MessageOperations(document, this)),
+      commands_(new MessageCommands(this)),
+      treeModel_(new MessageTreeModel(operations_->Tree(), operations_->Folders(), this)),
+      listModel_(new MessageListModel(this)),
+      splitter_(new QSplitter),
+      messageSplitter_(new QSplitter(Qt::Vertical)),
+      tree_(new QTreeView),
+      find_(new QLineEdit),
+      stack_(new QStackedWidget),
+      list_(new QTreeView),
+      reader_(new QTextBrowser) {
+    MakeTree();
+    MakeList();
+    reader_->setObjectName(QStringLiteral("reader"));
+    reader_->setAccessibleName(QWords(Word::ColumnMessage));
+
+    find_->setObjectName(QStringLiteral("find"));
+    find_->setPlaceholderText(QWords(Word::FindInMessages));
+    find_->setAccessibleName(QWords(Word::FindInMessages));
+    find_->setClearButtonEnabled(true);
+    find_->addAction(ThemedIcon(QStringLiteral("find")), QLineEdit::LeadingPosition);
+
+    stack_->addWidget(list_);
+    messageSplitter_->setObjectName(QStringLiteral("messageSplitter"));
+    messageSplitter_->addWidget(stack_);
+    messageSplitter_->addWidget(reader_);
+    auto* const right = new QWidget;
+    auto* const column = new QVBoxLayout(right);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(find_);
+    column->addWidget(messageSplitter_, 1);
+    splitter_->setObjectName(QStringLiteral("splitter"));
+    splitter_->addWidget(tree_);
+    splitter_->addWidget(right);
+    splitter_->setStretchFactor(1, 1);
+    for (QSplitter* const splitter : {splitter_, messageSplitter_})
+        splitter->setChildrenCollapsible(false);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(splitter_);
+    setFocusProxy(tree_);
+
+    MakeMenus();
+    RestoreState();
+    Connect();
+    OpenFolder();
+}
+
+CSmsFormView::~CSmsFormView() {
+    SaveState();
+}
+
+void CSmsFormView::MakeTree() {
+    tree_->setObjectName(QStringLiteral("folders"));
+    tree_->setAccessibleName(QWords(Word::FoldersName));
+    tree_->setModel(treeModel_);
+    tree_->setHeaderHidden(true);
+    tree_->setUniformRowHeights(true);
+    tree_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    tree_->setContextMenuPolicy(Qt::CustomContextMenu);
+    tree_->setDragDropMode(QAbstractItemView::DragDrop);
+    tree_->setDefaultDropAction(Qt::MoveAction);
+    // Things are dropped on folders, never between them.
+    tree_->setDragDropOverwriteMode(true);
+    tree_->setAutoExpandDelay(600);
+    tree_->expandToDepth(1);
+}
+
+void CSmsFormView::MakeList() {
+    list_->setObjectName(QStringLiteral("messages"));
+    list_->setAccessibleName(QWords(Word::FeatureMessages));
+    list_->setModel(listModel_);
+    list_->setRootIsDecorated(false);
+    list_->setUniformRowHeights(true);
+    list_->setAllColumnsShowFocus(true);
+    list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    list_->setContextMenuPolicy(Qt::CustomContextMenu);
+    list_->setDragEnabled(true);
+    list_->setDefaultDropAction(Qt::MoveAction);
+    list_->setSortingEnabled(true);
+    list_->header()->setSectionsMovable(false);
+}
+
+void CSmsFormView::MakeMenus() {
+    using C = MessageCommands;
+    constexpr int separator = C::Count;
+    const auto fill = [this](QMenu& menu, std::initializer_list<int> commands) {
+        menu.setToolTipsVisible(true);
+        for (const int command : commands) {
+            if (command == separator)
+                menu.addSeparator();
+            else
+                menu.addAction(commands_->Get(static_cast<C::Command>(command)));
+        }
+    };
+    const auto make = [&](Word words, const char* name, std::initializer_list<int> commands) {
+        auto* const menu = new QMenu(QWords(words), this);
+        menu->setObjectName(QString::fromLatin1(name));
+        fill(*menu, commands);
+        return menu;
+    };
+    menus_ = {
+        make(Word::MenuEdit, "editMenu",
+             {C::CutMessages, C::CopyMessages, C::PasteMessages, separator, C::MoveMessages,
+              C::CopyMessagesTo, C::DeleteMessages, separator, C::SelectAllMessages, C::FindMessages}),
+        make(Word::MenuMessage, "messageMenu",
+             {C::NewMessage, C::OpenMessage, C::ReplyMessage, C::ForwardMessage, separator, C::SendMessage,
+              C::SendAllMessages, C::ReadMessages, separator, C::SaveText, C::ImportMessages,
+              C::ExportMessages, separator, C::PrintMessage, C::PrintPreview}),
+        make(Word::MenuFolder, "folderMenu",
+             {C::MakeFolder, C::RenameFolder, C::DeleteFolder, C::CleanTrash}),
+    };
+    QMenu* const listMenu =
+        make(Word::MenuMessage, "listMenu",
+             {C::OpenMessage, C::ReplyMessage, C::ForwardMessage, C::SendMessage, separator, C::CutMessages,
+              C::CopyMessages, C::PasteMessages, C::MoveMessages, C::CopyMessagesTo, C::DeleteMessages,
+              separator, C::SelectAllMessages, separator, C::SaveText, C::PrintMessage});
+    QMenu* const treeMenu = make(Word::MenuFolder, "treeMenu",
+                                 {C::MakeFolder, C::RenameFolder, C::DeleteFolder, C::CleanTrash, separator,
+                                  C::PasteMessages, separator, C::ImportMessages, C::ExportMessages});
+    const auto pop = [](QAbstractItemView* view, QMenu* menu) {
+        connect(view, &QWidget::customContextMenuRequested, menu,
+                [view, menu](const QPoint& place) { menu->popup(view->viewport()->mapToGlobal(place)); });
+    };
+    pop(list_, listMenu);
+    pop(tree_, treeMenu);
+
+    // The keys of folders work among the folders, those of messages everywhere else; keys that texts know too
+    // go to the text that has the focus.
+    for (const C::Command command : {C::RenameFolder, C::DeleteFolder}) {
+        commands_->Get(command)->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        tree_->addAction(commands_->Get(command));
+    }
+    for (const C::Command command : {C::DeleteMessages, C::SelectAllMessages}) {
+        commands_->Get(command)->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        stack_->addAction(commands_->Get(command));
+    }
+}
+
+void CSmsFormView::Connect() {
+    using C = MessageCommands;
+    connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        if (!refreshing_) OpenFolder();
+    });
+    connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!refreshing_) ShowSelected();
+    });
+    connect(list_, &QTreeView::activated, commands_->Get(C::OpenMessage), &QAction::trigger);
+    connect(list_->header(), &QHeaderView::sortIndicatorChanged, this,
+            [this](int column, Qt::SortOrder order) {
+                parentWidget()->setProperty(sortingProperty, QVariantList{column, static_cast<int>(order)});
+            });
+    connect(
+        treeModel_, &MessageTreeModel::messagesDropped, this,
+        [this](MessageFolder* from, const std::vector<SmsRecord*>& records, MessageFolder* to, bool move) {
+            operations_->Transfer({from, records}, *to, move);
+        });
+    connect(
+        treeModel_, &MessageTreeModel::folderDropped, this,
+        [this](MessageFolder* folder, MessageFolder* under) { operations_->MoveFolder(*folder, *under); });
+    connect(operations_, &MessageOperations::changed, this, &CSmsFormView::Refresh);
+    connect(operations_, &MessageOperations::busyChanged, this, &CSmsFormView::UpdateCommands);
+    connect(find_, &QLineEdit::textChanged, this, &CSmsFormView::Find);
+    connect(find_, &QLineEdit::returnPressed, list_, qOverload<>(&QWidget::setFocus));
+    auto* const escape = new QShortcut(Qt::Key_Escape, find_);
+    escape->setContext(Qt::WidgetShortcut);
+    connect(escape, &QShortcut::activated, this, [this] {
+        find_->clear();
+        list_->setFocus();
+    });
+
+    const auto on = [this](C::Command command, auto use) {
+        connect(commands_->Get(command), &QAction::triggered, this, use);
+    };
+    on(C::NewMessage, &CSmsFormView::NewMessage);
+    on(C::OpenMessage, &CSmsFormView::OpenMessage);
+    on(C::ReplyMessage, &CSmsFormView::Reply);
+    on(C::ForwardMessage, &CSmsFormView::Forward);
+    on(C::SendMessage, [this] { operations_->Send(Selected()); });
+    on(C::SendAllMessages, [this] { operations_->SendAll(); });
+    on(C::ReadMessages, [this] { operations_->Read(); });
+    on(C::SaveText, [this] { operations_->Export(Selected()); });
+    on(C::ImportMessages, [this] { operations_->Import(*CurrentFolder()); });
+    on(C::ExportMessages, [this] { operations_->Export(AllInFolder()); });
+    on(C::CutMessages, [this] { operations_->Remember(Selected(), true); });
+    on(C::CopyMessages, [this] { operations_->Remember(Selected(), false); });
+    on(C::PasteMessages, [this] { operations_->Paste(*CurrentFolder()); });
+    on(C::MoveMessages, [this] { operations_->TransferAsking(Selected(), true); });
+    on(C::CopyMessagesTo, [this] { operations_->TransferAsking(Selected(), false); });
+    on(C::DeleteMessages, [this] { operations_->Delete(Selected()); });
+    on(C::SelectAllMessages, [this] { list_->selectAll(); });
+    on(C::FindMessages, [this] {
+        find_->setFocus(Qt::ShortcutFocusReason);
+        find_->selectAll();
+    });
+    on(C::MakeFolder, &CSmsFormView::MakeFolder);
+    on(C::RenameFolder, [this] { tree_->edit(tree_->currentIndex()); });
+    on(C::DeleteFolder, [this] { operations_->RemoveFolder(*CurrentFolder()); });
+    on(C::CleanTrash, [this] { operations_->CleanTrash(); });
+}
+
+void CSmsFormView::RestoreState() {
+    const Settings& settings = Document().Preferences();
+    const auto sizes = SizesOr(settings.GetList(SettingIndex::SmsSplitter), defaultSplitter);
+    splitter_->setSizes({sizes[0], sizes[1]});
+    messageSplitter_->setSizes({sizes[2], sizes[3]});
+    const auto columns = SizesOr(settings.GetList(SettingIndex::SmsColumns), defaultColumns);
+    for (int column = 0; column < MessageListModel::ColumnCount; ++column)
+        list_->header()->resizeSection(column, columns[static_cast<size_t>(column)]);
+
+    const QVariantList sorting = parentWidget()->property(sortingProperty).toList();
+    if (sorting.size() == 2)
+        list_->sortByColumn(sorting[0].toInt(), static_cast<Qt::SortOrder>(sorting[1].toInt()));
+    else
+        list_->sortByColumn(MessageListModel::TimeColumn, Qt::DescendingOrder);
+
+    const QVariantList path = parentWidget()->property(folderProperty).toList();
+    tree_->setCurrentIndex(path.isEmpty() ? treeModel_->IndexOf(&operations_->Tree().OnHandset(inboxPlace))
+                                          : IndexAt(*treeModel_, path));
+}
+
+/// Sizes of a view that was never on the screen mean nothing.
+void CSmsFormView::SaveState() {
+    parentWidget()->setProperty(folderProperty, PathOf(tree_->currentIndex()));
+    if (!wasShown_) return;
+    Settings& settings = Document().Preferences();
+    const QList<int> outer = splitter_->sizes();
+    const QList<int> inner = messageSplitter_->sizes();
+    settings.SetList(SettingIndex::SmsSplitter, {outer[0], outer[1], inner[0], inner[1]});
+    std::vector<int32_t> columns;
+    for (int column = 0; column < MessageListModel::ColumnCount; ++column)
+        columns.push_back(list_->header()->sectionSize(column));
+    settings.SetList(SettingIndex::SmsColumns, columns);
+}
+
+void CSmsFormView::showEvent(QShowEvent* event) {
+    wasShown_ = true;
+    FormView::showEvent(event);
+}
+
+void CSmsFormView::Receive(Message& message) {
+    if (message.id == HandsetConnected || message.id == HandsetDisconnected) {
+        UpdateCommands();
+        ShowHint();
+    }
+}
+
+bool CSmsFormView::MayLeave() {
+    operations_->Cancel();
+    return !operations_->IsBusy();
+}
+
+MessageFolder* CSmsFormView::CurrentFolder() const {
+    return treeModel_->FolderAt(tree_->currentIndex());
+}
+
+MessageSelection CSmsFormView::Selected() const {
+    MessageSelection selection{CurrentFolder()};
+    QModelIndexList rows = list_->selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
+    for (const QModelIndex& row : rows)
+        selection.records.push_back(listModel_->RecordAt(row.row()));
+    return selection;
+}
+
+MessageSelection CSmsFormView::AllInFolder() const {
+    MessageSelection selection{CurrentFolder()};
+    const std::lock_guard guard(selection.folder->lock);
+    for (const auto& record : selection.folder->records)
+        selection.records.push_back(record.get());
+    return selection;
+}
+
+/// Null unless exactly one is selected and still there.
+const SmsRecord* CSmsFormView::TheSelected() const {
+    const MessageSelection selection = Selected();
+    if (selection.records.size() != 1 || !Holds(*selection.folder, selection.records.front())) return nullptr;
+    return selection.records.front();
+}
+
+/// Of a folder of the user's, those around it decide.
+bool CSmsFormView::Receives(const MessageFolder& folder) const {
+    const MessageTree tree = operations_->Tree();
+    return &folder == &tree.OnHandset(inboxPlace) || &folder == &tree.OnPc(inboxPlace);
+}
+
+void CSmsFormView::OpenFolder() {
+    MessageFolder* const folder = CurrentFolder();
+    const bool shown = folder && operations_->Tree().HoldsMessages(*folder);
+    refreshing_ = true;
+    listModel_->Open(shown ? folder : nullptr, shown && Receives(*folder));
+    refreshing_ = false;
+    ShowMessages();
+}
+
+/// What was selected stays so where it is still there; otherwise the next row is where the keys go on.
+void CSmsFormView::Refresh() {
+    const std::vector<SmsRecord*> selected = Selected().records;
+    const int row = list_->currentIndex().row();
+    refreshing_ = true;
+    const MessageFolder* const before = listModel_->Folder();
+    treeModel_->Refresh();
+    refreshing_ = false;
+    if (CurrentFolder() != before) {
+        OpenFolder();
+        return;
+    }
+    refreshing_ = true;
+    listModel_->Refresh();
+    Select(selected);
+    if (!list_->currentIndex().isValid() && row >= 0) {
+        list_->selectionModel()->setCurrentIndex(
+            listModel_->index(std::min(row, listModel_->rowCount() - 1), 0), QItemSelectionModel::NoUpdate);
+    }
+    refreshing_ = false;
+    ShowMessages();
+}
+
+void CSmsFormView::Select(const std::vector<SmsRecord*>& records) {
+    QItemSelection selection;
+    for (const int row : listModel_->RowsOf(records))
+        selection.select(listModel_->index(row, 0), listModel_->index(row, 0));
+    if (selection.isEmpty()) return;
+    list_->selectionModel()->setCurrentIndex(selection.front().topLeft(), QItemSelectionModel::NoUpdate);
+    list_->selectionModel()->select(selection,
+                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void CSmsFormView::Find(const QString& text) {
+    const std::vector<SmsRecord*> selected = Selected().records;
+    refreshing_ = true;
+    listModel_->SetFilter(text);
+    Select(selected);
+    refreshing_ = false;
+    ShowMessages();
+}
+
+void CSmsFormView::ShowMessages() {
+    ShowHint();
+    ShowSelected();
+}
+
+void CSmsFormView::ShowHint() {
+    if (hint_) hint_->deleteLater();
+    hint_ = nullptr;
+    MessageFolder* const folder = CurrentFolder();
+    if (listModel_->rowCount() == 0) {
+        const bool searched = listModel_->IsFiltered() && listModel_->CountInFolder() > 0;
+        const bool onHandset = folder && operations_->Tree().IsOnHandset(*folder);
+        const bool holds = folder && operations_->Tree().HoldsMessages(*folder);
+        if (searched) {
+            hint_ = new EmptyHint(QStringLiteral("find"), QWords(Word::NothingFoundTitle),
+                                  QWords(Word::NothingFoundHint));
+        } else if (onHandset && Document().Watch().IsConnected()) {
+            hint_ = new EmptyHint(QStringLiteral("handset"), QWords(Word::HandsetFolderEmptyTitle),
+                                  QWords(Word::HandsetFolderEmptyHint));
+            hint_->Offer(commands_->Get(MessageCommands::ReadMessages));
+        } else if (onHandset) {
+            hint_ = new EmptyHint(QStringLiteral("disconnected"), QWords(Word::HandsetAwayTitle),
+                                  QWords(Word::HandsetAwayHint));
+        } else {
+            hint_ = new EmptyHint(QStringLiteral("messages"),
+                                  QWords(holds ? Word::FolderEmptyTitle : Word::ChooseFolderTitle),
+                                  QWords(holds ? Word::FolderEmptyHint : Word::ChooseFolderHint));
+        }
+        hint_->setObjectName(QStringLiteral("hint"));
+        stack_->addWidget(hint_);
+        stack_->setCurrentWidget(hint_);
+    } else {
+        stack_->setCurrentWidget(list_);
+    }
+}
+
+void CSmsFormView::ShowSelected() {
+    const SmsRecord* const record = TheSelected();
+    reader_->clear();
+    if (record) {
+        reader_->setPlainText(ToQString(record->TextAsWide()).remove(QChar(0x1B)));
+        if (operations_->MarkRead(Selected())) {
+            listModel_->ShowAsRead(list_->selectionModel()->selectedRows().front().row());
+            refreshing_ = true;
+            treeModel_->Refresh();
+            refreshing_ = false;
+        }
+    }
+    UpdateCommands();
+    Q_EMIT statusChanged(Status());
+}
+
+QString CSmsFormView::Status() const {
+    const MessageFolder* const folder = CurrentFolder();
+    if (!folder || !operations_->Tree().HoldsMessages(*folder)) return {};
+    const auto all = static_cast<int64_t>(listModel_->CountInFolder());
+    const auto shown = static_cast<int64_t>(listModel_->rowCount());
+    const auto selected = static_cast<int64_t>(list_->selectionModel()->selectedRows().size());
+    QString words = listModel_->IsFiltered() ? QWords(Word::MessagesFound, {shown, all})
+                                             : QWords(Word::MessagesCount, {all});
+    if (selected > 0) words += QStringLiteral(", ") + QWords(Word::MessagesSelected, {selected});
+    return words;
+}
+
+void CSmsFormView::UpdateCommands() {
+    const MessageTree tree = operations_->Tree();
+    const MessageFolder* const folder = CurrentFolder();
+    const MessageFolder& trash = tree.OnPc(messageTrashPlace);
+    const auto isEmpty = [](const MessageFolder& other) {
+        const std::lock_guard guard(other.lock);
+        return other.records.empty() && other.children.empty();
+    };
+    MessageSituation situation;
+    situation.busy = operations_->IsBusy();
+    situation.connected = Document().Watch().IsConnected();
+    situation.selected = static_cast<size_t>(list_->selectionModel()->selectedRows().size());
+    situation.inFolder = listModel_->CountInFolder();
+    situation.canPaste = operations_->CanPaste();
+    situation.trashHasContent = !isEmpty(trash);
+    situation.outboxHasMessages = !isEmpty(tree.OnPc(outboxPlace));
+    if (folder) {
+        situation.holdsMessages = tree.HoldsMessages(*folder);
+        situation.mayMakeFolder = MessageFolders::MayMakeFolder(*folder);
+        situation.mayChangeFolder = MessageFolders::MayChange(*folder);
+        situation.isTrash = folder == &trash;
+    }
+    commands_->Update(situation);
+}
+
+void CSmsFormView::MakeFolder() {
+    MessageFolder* const made = operations_->MakeFolder(*CurrentFolder());
+    if (!made) return;
+    const QModelIndex index = treeModel_->IndexOf(made);
+    tree_->setCurrentIndex(index);
+    tree_->edit(index);
+}
+
+void CSmsFormView::NewMessage() {}
+void CSmsFormView::OpenMessage() {}
+void CSmsFormView::Reply() {}
+void CSmsFormView::Forward() {}
 
 }  // namespace tarnbridge

@@ -1,15 +1,87 @@
 #pragma once
 
 #include "ui/frame/FormView.h"
+#include "ui/messages/MessageCommands.h"
+#include "ui/messages/MessageSelection.h"
+
+class QAction;
+class QLineEdit;
+class QModelIndex;
+class QSplitter;
+class QStackedWidget;
+class QTextBrowser;
+class QTreeView;
 
 namespace tarnbridge {
 
-/// The messages.
+class EmptyHint;
+class MessageListModel;
+class MessageOperations;
+class MessageTreeModel;
+
+/// The messages: the folders of the handset and of the PC, the messages of the folder that is chosen, and
+/// the one that is selected.
 class CSmsFormView : public FormView {
     Q_OBJECT
 
 public:
     CSmsFormView(CTarnbridgeDoc& document, QWidget* parent);
+    ~CSmsFormView() override;
+
+    QList<QMenu*> Menus() override { return menus_; }
+    void Receive(Message& message) override;
+    bool MayLeave() override;
+    QString Status() const override;
+
+    MessageCommands& Commands() { return *commands_; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void MakeTree();
+    void MakeList();
+    void MakeMenus();
+    void Connect();
+    void RestoreState();
+    void SaveState();
+
+    void OpenFolder();
+    void Refresh();
+    void ShowMessages();
+    void ShowHint();
+    void ShowSelected();
+    void UpdateCommands();
+    void Find(const QString& text);
+
+    MessageFolder* CurrentFolder() const;
+    MessageSelection Selected() const;
+    MessageSelection AllInFolder() const;
+    const SmsRecord* TheSelected() const;
+    bool Receives(const MessageFolder& folder) const;
+    void Select(const std::vector<SmsRecord*>& records);
+
+    void NewMessage();
+    void OpenMessage();
+    void Reply();
+    void Forward();
+    void MakeFolder();
+
+    MessageOperations* const operations_;
+    MessageCommands* const commands_;
+    MessageTreeModel* const treeModel_;
+    MessageListModel* const listModel_;
+    QSplitter* const splitter_;
+    QSplitter* const messageSplitter_;
+    QTreeView* const tree_;
+    QLineEdit* const find_;
+    QStackedWidget* const stack_;
+    QTreeView* const list_;
+    QTextBrowser* const reader_;
+    EmptyHint* hint_ = nullptr;
+    QList<QMenu*> menus_;
+    bool refreshing_ = false;
+    bool wasShown_ = false;
 };
 
 }  // namespace tarnbridge

@@ -6,7 +6,7 @@ namespace tarnbridge {
 
 class CSmsFormView;
 
-/// The tool bar of the messages.
+/// The tool bar of the messages: what is done most often.
 class CSmsToolbarView : public ToolbarView {
     Q_OBJECT
 

@@ -1,0 +1,81 @@
+#include "ui/HandsetTaskRunner.h"
+
+#include <utility>
+
+#include "core/app/CTarnbridgeDoc.h"
+#include "core/base/StringTable.h"
+
+namespace tarnbridge {
+
+HandsetTaskRunner::HandsetTaskRunner(CTarnbridgeDoc& document, QObject* parent)
+    : QObject(parent),
+      document_(document),
+      receiver_([this](Message& message) { return Receive(message); }) {}
+
+HandsetTaskRunner::~HandsetTaskRunner() {
+    if (IsBusy()) document_.viewSwitchAllowed = true;
+}
+
+bool HandsetTaskRunner::Run(std::shared_ptr<HandsetTask> task, const std::u16string& title,
+                            std::function<void()> ended) {
+    if (IsBusy()) {
+        document_.User().Tell(Words(Word::HandsetBusy));
+        return false;
+    }
+    task_ = std::move(task);
+    ended_ = std::move(ended);
+    standing_ = {};
+    task_->onProgress = [this](const HandsetTask::Standing& standing) { Show(standing); };
+    if (!task_->Start(receiver_.Target())) {
+        task_.reset();
+        document_.User().Tell(Words(Word::HandsetBusy));
+        return false;
+    }
+    if (task_->HasEnded()) {
+        task_.reset();
+        std::exchange(ended_, nullptr)();
+        return true;
+    }
+    document_.viewSwitchAllowed = false;
+    if (!title.empty()) progress_ = document_.User().ShowProgress(title);
+    Show(standing_);
+    Q_EMIT busyChanged();
+    return true;
+}
+
+void HandsetTaskRunner::Cancel() {
+    if (task_) task_->Cancel();
+}
+
+intptr_t HandsetTaskRunner::Receive(Message& message) {
+    if (!task_ || task_->HasEnded()) return 0;
+    if (progress_ && progress_->Cancelled()) task_->Cancel();
+    task_->Take(message);
+    if (task_->HasEnded()) Finish();
+    return 0;
+}
+
+void HandsetTaskRunner::Show(const HandsetTask::Standing& standing) {
+    standing_ = standing;
+    if (!progress_) return;
+    progress_->SetTotal(standing.total);
+    progress_->SetDone(standing.done);
+    if (!standing.words.empty()) progress_->SetWords(standing.words);
+}
+
+/// What follows may ask the user, over a window from which the progress must have gone first: its going is
+/// queued before this.
+void HandsetTaskRunner::Finish() {
+    progress_.reset();
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            task_.reset();
+            document_.viewSwitchAllowed = true;
+            Q_EMIT busyChanged();
+            std::exchange(ended_, nullptr)();
+        },
+        Qt::QueuedConnection);
+}
+
+}  // namespace tarnbridge

@@ -1,0 +1,354 @@
+#include "ui/messages/MessageOperations.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/app/CTarnbridgeDoc.h"
+#include "core/base/StringTable.h"
+#include "messaging/HandsetMemories.h"
+#include "messaging/MessageDownload.h"
+#include "messaging/MessageRemoval.h"
+#include "messaging/MessageTextFile.h"
+#include "messaging/MessageTransfer.h"
+#include "platform/Text.h"
+
+namespace tarnbridge {
+namespace {
+
+FileQuestion MessageFile(FilePurpose purpose, Word title) {
+    return {.purpose = purpose,
+            .title = Words(title),
+            .suggestedName = purpose == FilePurpose::Save ? Words(Word::MessageFileName) : u"",
+            .filters = {{Words(Word::MessageFiles), {"*.csv"}}}};
+}
+
+void AddLine(std::u16string& words, const std::u16string& line) {
+    if (!line.empty()) words += (words.empty() ? u"" : u"\n") + line;
+}
+
+}  // namespace
+
+MessageOperations::MessageOperations(CTarnbridgeDoc& document, QObject* parent)
+    : QObject(parent),
+      document_(document),
+      tree_(document.Content().messageRoot),
+      folders_(tree_, document.User(), Keeper()),
+      runner_(document, this) {
+    connect(&runner_, &HandsetTaskRunner::busyChanged, this, &MessageOperations::busyChanged);
+}
+
+void MessageOperations::PcFoldersChanged() {
+    document_.NoteChange();
+}
+
+bool MessageOperations::SaveNow() {
+    return document_.Save();
+}
+
+/// One note for all that has gone wrong.
+void MessageOperations::Report(const HandsetTask& task, const std::vector<MessageOutcome>& outcomes,
+                               std::u16string words) {
+    AddLine(words, FailureWords(outcomes));
+    const auto left = std::count_if(outcomes.begin(), outcomes.end(), [](const MessageOutcome& outcome) {
+        return outcome.state == MessageOutcome::NotTried;
+    });
+    if (task.LostHandset()) AddLine(words, Words(Word::HandsetLost));
+    if (left > 0)
+        AddLine(words, Words(Word::MessagesNotTried,
+                             {static_cast<int64_t>(left), static_cast<int64_t>(outcomes.size())}));
+    if (!words.empty()) document_.User().Tell(words);
+}
+
+std::u16string MessageOperations::PreferredMemory() const {
+    return document_.Preferences().GetText(SettingIndex::SmsMemory);
+}
+
+void MessageOperations::Read() {
+    if (runner_.IsBusy() || document_.User().Ask(Words(Word::DownloadMessages)) != Answer::Yes) return;
+    for (const KeptSelections::Kept& kept : kept_.AllIn(tree_.HandsetRoot()))
+        kept->records.clear();
+    const auto download = std::make_shared<MessageDownload>(document_.Worker(), tree_);
+    runner_.Run(download, Words(Word::ReadingMessages), [this, download] {
+        Q_EMIT changed();
+        const MessageDownload::Report& report = download->GetReport();
+        std::u16string words;
+        if (report.noMemory) words = Words(Word::NoMessageInHandset);
+        if (!report.unread.empty())
+            AddLine(words, Words(Word::MessagesNotRead, {static_cast<int64_t>(report.unread.size())}));
+        Report(*download, {}, std::move(words));
+    });
+}
+
+/// Asks the handset, then goes on. Without a handset there are none.
+void MessageOperations::WithMemories(std::function<void(const std::vector<std::u16string>&)> use) {
+    if (!document_.Watch().IsConnected()) {
+        use({});
+        return;
+    }
+    const auto memories = std::make_shared<HandsetMemories>(document_.Worker());
+    runner_.Run(memories, {}, [memories, use = std::move(use)] { use(memories->Names()); });
+}
+
+void MessageOperations::TransferAsking(const MessageSelection& selection, bool move) {
+    if (selection.IsEmpty()) return;
+    WithMemories([this, kept = kept_.Keep(selection), move](const std::vector<std::u16string>& memories) {
+        const auto target = AskSaveTarget(
+            tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = kept->folder},
+            document_.User());
+        if (target) TransferTo(*kept, *target, move);
+    });
+}
+
+void MessageOperations::Transfer(const MessageSelection& selection, MessageFolder& to, bool move) {
+    if (selection.IsEmpty() || !folders_.MayTransfer(*selection.folder, to, move)) return;
+    if (!tree_.IsOnHandset(to)) {
+        TransferTo(selection, {&to}, move);
+        return;
+    }
+    WithMemories(
+        [this, kept = kept_.Keep(selection), &to, move](const std::vector<std::u16string>& memories) {
+            std::optional<SaveTarget> target;
+            if (memories.empty())
+                document_.User().Tell(Words(Word::ObstacleNoHandset));
+            else if (memories.size() == 1)
+                target = SaveTarget{&to, memories.front()};
+            else
+                target = AskSaveTarget(
+                    tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = &to},
+                    document_.User());
+            if (target) TransferTo(*kept, *target, move);
+        });
+}
+
+/// \param ended  whether all of them are there
+void MessageOperations::TransferTo(const MessageSelection& selection, const SaveTarget& target, bool move,
+                                   const std::function<void(bool)>& ended) {
+    if (selection.IsEmpty() || !folders_.MayTransfer(*selection.folder, *target.folder, move)) return;
+    const auto transfer = std::make_shared<MessageTransfer>(
+        document_.Worker(), tree_, Keeper(),
+        MessageTransfer::Request{selection.folder, selection.records, target.folder, target.memory, move});
+    const std::vector<SmsRecord*> records = selection.records;
+    const bool begun = runner_.Run(transfer, Words(Word::CopyingMessages), [this, transfer, ended] {
+        Q_EMIT changed();
+        Report(*transfer, transfer->Outcomes(),
+               transfer->WentToDraft() ? Words(Word::StoredAsDraft) : std::u16string());
+        if (ended) ended(AllDone(transfer->Outcomes()));
+    });
+    if (begun && move) kept_.Forget(records);
+}
+
+void MessageOperations::Remember(const MessageSelection& selection, bool move) {
+    if (selection.IsEmpty()) return;
+    remembered_ = kept_.Keep(selection);
+    rememberedToMove_ = move;
+    Q_EMIT busyChanged();
+}
+
+void MessageOperations::Paste(MessageFolder& to) {
+    if (!CanPaste()) return;
+    const MessageSelection selection = *remembered_;
+    if (rememberedToMove_ && !folders_.MayTransfer(*selection.folder, to, true)) return;
+    // What was cut can be pasted once.
+    if (rememberedToMove_) remembered_ = nullptr;
+    Transfer(selection, to, rememberedToMove_);
+}
+
+void MessageOperations::Delete(const MessageSelection& selection) {
+    if (selection.IsEmpty() || runner_.IsBusy() || !folders_.ConfirmDelete()) return;
+    kept_.Forget(selection.records);
+    const auto removal = std::make_shared<MessageRemoval>(document_.Worker(), tree_, Keeper(),
+                                                          *selection.folder, selection.records);
+    runner_.Run(removal, Words(Word::DeletingMessages), [this, removal] {
+        Q_EMIT changed();
+        Report(*removal, removal->Outcomes());
+    });
+}
+
+bool MessageOperations::MarkRead(const MessageSelection& selection) {
+    if (selection.IsEmpty() || !Holds(*selection.folder, selection.records.front())) return false;
+    SmsRecord& record = *selection.records.front();
+    {
+        const std::lock_guard guard(selection.folder->lock);
+        if (record.status != smsUnread) return false;
+        record.status = smsRead;
+    }
+    if (!tree_.IsOnHandset(*selection.folder)) PcFoldersChanged();
+    return true;
+}
+
+void MessageOperations::Send(const MessageSelection& selection) {
+    std::vector<MessageSending::Waiting> messages;
+    for (SmsRecord* const record : selection.records)
+        messages.push_back({selection.folder, record});
+    if (messages.size() > mostMessagesToSend) {
+        document_.User().Tell(Words(Word::TooManyMessages));
+        return;
+    }
+    SendAllOf(messages);
+}
+
+void MessageOperations::SendAll() {
+    if (runner_.IsBusy()) return;
+    if (const auto messages = CollectOutbox(tree_, document_.User())) SendAllOf(*messages);
+}
+
+void MessageOperations::SendAllOf(const std::vector<MessageSending::Waiting>& messages) {
+    if (messages.empty()) return;
+    std::vector<SmsRecord*> records;
+    for (const MessageSending::Waiting& message : messages)
+        records.push_back(message.record);
+    const auto sending =
+        std::make_shared<MessageSending>(document_.Worker(), tree_, Keeper(), document_.Time(), messages);
+    const bool begun = runner_.Run(sending, Words(Word::SendingMessages), [this, sending] {
+        Q_EMIT changed();
+        std::vector<MessageOutcome> outcomes;
+        for (const MessageSending::Item& item : sending->Items())
+            outcomes.push_back(item.outcome);
+        Report(*sending, outcomes);
+    });
+    if (begun) kept_.Forget(records);
+}
+
+void MessageOperations::Export(const MessageSelection& selection) {
+    std::vector<const SmsRecord*> records;
+    for (const SmsRecord* const record : selection.records) {
+        if (Holds(*selection.folder, record)) records.push_back(record);
+    }
+    if (records.empty()) return;
+    const auto files = document_.User().ChooseFiles(MessageFile(FilePurpose::Save, Word::ExportTitle));
+    if (files.empty()) return;
+    const auto done = ExportMessages(files.front(), records);
+    if (!done) {
+        document_.User().Tell(Words(Word::MessagesNotExported) + u"\n" + Utf8ToText(done.Failure().text));
+    } else if (done->skipped > 0) {
+        document_.User().Tell(Words(Word::MessagesWithoutText, {static_cast<int64_t>(done->skipped)}));
+    }
+}
+
+void MessageOperations::Import(MessageFolder& folder) {
+    const auto files = document_.User().ChooseFiles(MessageFile(FilePurpose::Open, Word::ImportTitle));
+    if (files.empty()) return;
+    const bool takes = tree_.HoldsMessages(folder) && !tree_.IsOnHandset(folder);
+    MessageFolder& to = takes ? folder : tree_.OnPc(inboxPlace);
+    const auto done =
+        ImportMessages(files.front(), document_.Time().Local().minutesEastOfUtc,
+                       [&to](std::unique_ptr<SmsRecord> record) { to.Append(std::move(record)); });
+    PcFoldersChanged();
+    Q_EMIT changed();
+    if (!done) {
+        document_.User().Tell(Words(Word::MessagesNotImported) + u"\n" + Utf8ToText(done.Failure().text));
+    } else if (done->refused > 0) {
+        document_.User().Tell(Words(
+            Word::LinesRefused, {static_cast<int64_t>(done->taken), static_cast<int64_t>(done->refused)}));
+    }
+}
+
+/// Null, and the user has been told, where the disk doesn't take it; then the message is nowhere.
+SmsRecord* MessageOperations::KeepSafe(SmsRecord record, MessageFolder& folder) {
+    if (!record.SettleParts()) {
+        document_.User().Tell(Words(Word::EmsObjectNotCreated));
+        return nullptr;
+    }
+    record.storage = u"PC";
+    record.handsetIndices.clear();
+    SmsRecord& kept = folder.Append(std::make_unique<SmsRecord>(std::move(record)));
+    if (SaveNow()) return &kept;
+    TakeRecords(folder, {&kept});
+    document_.User().Tell(Words(Word::MessageNotSaved));
+    return nullptr;
+}
+
+/// What takes its place is safe.
+void MessageOperations::Replace(const KeptSelections::Kept& replaced) {
+    if (!replaced || replaced->IsEmpty()) return;
+    const MessageSelection old = *replaced;
+    kept_.Forget(old.records);
+    if (!tree_.IsOnHandset(*old.folder)) {
+        TakeRecords(*old.folder, old.records);
+        PcFoldersChanged();
+        return;
+    }
+    const auto removal =
+        std::make_shared<MessageRemoval>(document_.Worker(), tree_, Keeper(), *old.folder, old.records);
+    runner_.Run(removal, Words(Word::DeletingMessages), [this, removal] {
+        Q_EMIT changed();
+        Report(*removal, removal->Outcomes());
+    });
+}
+
+void MessageOperations::SaveComposed(SmsRecord record, KeptSelections::Kept replaced, Done done) {
+    WithMemories([this, record = std::make_shared<SmsRecord>(std::move(record)),
+                  replaced = std::move(replaced),
+                  done = std::move(done)](const std::vector<std::u16string>& memories) {
+        const MessageFolder* const suggested =
+            replaced && !replaced->IsEmpty() ? replaced->folder : &tree_.OnPc(draftPlace);
+        const auto target = AskSaveTarget(
+            tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = suggested},
+            document_.User());
+        if (!target) {
+            done(false);
+            return;
+        }
+        const bool toHandset = tree_.IsOnHandset(*target->folder);
+        MessageFolder& first = toHandset ? tree_.OnPc(draftPlace) : *target->folder;
+        SmsRecord* const kept = KeepSafe(std::move(*record), first);
+        done(kept != nullptr);
+        if (!kept) return;
+        const bool replaces = replaced && !replaced->IsEmpty() && replaced->folder == target->folder;
+        if (toHandset) {
+            TransferTo({&first, {kept}}, *target, true, [this, replaced, replaces](bool moved) {
+                if (moved && replaces) Replace(replaced);
+            });
+            return;
+        }
+        if (replaces) Replace(replaced);
+        Q_EMIT changed();
+    });
+}
+
+void MessageOperations::SendComposed(SmsRecord record, const KeptSelections::Kept& replaced,
+                                     const Done& done) {
+    MessageFolder& outbox = tree_.OnPc(outboxPlace);
+    SmsRecord* const waiting = KeepSafe(std::move(record), outbox);
+    done(waiting != nullptr);
+    if (!waiting) return;
+    // A draft has become the message; one that was received or sent stays.
+    if (replaced && !replaced->IsEmpty() && !tree_.IsOnHandset(*replaced->folder)) {
+        const int status = replaced->records.front()->status;
+        if (status == smsComposed || status == smsDraft || status == smsOutbox) Replace(replaced);
+    }
+    Q_EMIT changed();
+    if (document_.Watch().IsConnected()) {
+        SendAllOf({{&outbox, waiting}});
+    } else {
+        document_.User().Tell(Words(Word::WaitsInOutbox));
+    }
+}
+
+MessageFolder* MessageOperations::MakeFolder(MessageFolder& under) {
+    MessageFolder* const made = folders_.Make(under, {});
+    Q_EMIT changed();
+    return made;
+}
+
+void MessageOperations::RemoveFolder(MessageFolder& folder) {
+    const auto inside = kept_.AllIn(folder);
+    if (!folders_.Remove(folder)) return;
+    for (const KeptSelections::Kept& kept : inside)
+        kept->records.clear();
+    Q_EMIT changed();
+}
+
+void MessageOperations::MoveFolder(MessageFolder& folder, MessageFolder& under) {
+    if (folders_.Move(folder, under)) Q_EMIT changed();
+}
+
+void MessageOperations::CleanTrash() {
+    const auto inside = kept_.AllIn(tree_.OnPc(messageTrashPlace));
+    if (!folders_.CleanTrash()) return;
+    for (const KeptSelections::Kept& kept : inside)
+        kept->records.clear();
+    Q_EMIT changed();
+}
+
+}  // namespace tarnbridge

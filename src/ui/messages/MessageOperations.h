@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "messaging/MessageFolders.h"
+#include "messaging/MessageOutcome.h"
+#include "messaging/MessageSending.h"
+#include "messaging/SaveTarget.h"
+#include "ui/HandsetTaskRunner.h"
+#include "ui/messages/MessageSelection.h"
+
+namespace tarnbridge {
+
+class CTarnbridgeDoc;
+
+/// What the commands of the messages do, apart from what is seen of it: it asks the user, has one task after
+/// the other run, and tells him what has failed. For the interface thread. What changes folders or records
+/// ends with `changed`; between the call and that signal a picture of them is old.
+class MessageOperations : public QObject, private MessageKeeper {
+    Q_OBJECT
+
+public:
+    MessageOperations(CTarnbridgeDoc& document, QObject* parent);
+
+    MessageTree Tree() const { return tree_; }
+    MessageFolders& Folders() { return folders_; }
+    bool IsBusy() const { return runner_.IsBusy(); }
+    void Cancel() { runner_.Cancel(); }
+
+    // Messages. An empty selection does nothing.
+
+    /// Reads all of the handset, if the user says Yes.
+    void Read();
+
+    /// Moves or copies to a folder; for one of the handset the user is asked which memory, if it has several.
+    void Transfer(const MessageSelection& selection, MessageFolder& to, bool move);
+    /// The same to a folder that the user chooses.
+    void TransferAsking(const MessageSelection& selection, bool move);
+
+    /// What Paste will move or copy.
+    void Remember(const MessageSelection& selection, bool move);
+    bool CanPaste() const { return remembered_ && !remembered_->IsEmpty(); }
+    void Paste(MessageFolder& to);
+
+    void Delete(const MessageSelection& selection);
+    void Send(const MessageSelection& selection);
+    void SendAll();
+
+    /// Writes the messages to a file that the user chooses.
+    void Export(const MessageSelection& selection);
+    /// Reads such a file into a folder, or into the PC's Inbox where that one is the handset's.
+    void Import(MessageFolder& folder);
+
+    /// Whether the message was unread.
+    bool MarkRead(const MessageSelection& selection);
+
+    // Messages that were just composed: each is on the PC's disk before anything else is done with it.
+
+    /// What an editor was opened on, until it is told what became of it.
+    KeptSelections::Kept Keep(MessageSelection selection) { return kept_.Keep(std::move(selection)); }
+
+    /// \param replaced  is replaced where the message is saved into the same folder, and where a draft is
+    ///                  sent; null or empty for none
+    /// \param done      whether the message is safe, so that the editor can go
+    using Done = std::function<void(bool)>;
+    void SaveComposed(SmsRecord record, KeptSelections::Kept replaced, Done done);
+    void SendComposed(SmsRecord record, const KeptSelections::Kept& replaced, const Done& done);
+
+    // Folders.
+
+    /// Null where there may be none, which the user has been told.
+    MessageFolder* MakeFolder(MessageFolder& under);
+    void RemoveFolder(MessageFolder& folder);
+    void MoveFolder(MessageFolder& folder, MessageFolder& under);
+    void CleanTrash();
+
+Q_SIGNALS:
+    void changed();
+    void busyChanged();
+
+private:
+    MessageKeeper& Keeper() { return *this; }
+    void PcFoldersChanged() override;
+    bool SaveNow() override;
+
+    void WithMemories(std::function<void(const std::vector<std::u16string>&)> use);
+    void TransferTo(const MessageSelection& selection, const SaveTarget& target, bool move,
+                    const std::function<void(bool)>& ended = {});
+    void SendAllOf(const std::vector<MessageSending::Waiting>& messages);
+    SmsRecord* KeepSafe(SmsRecord record, MessageFolder& folder);
+    void Replace(const KeptSelections::Kept& replaced);
+    void Report(const HandsetTask& task, const std::vector<MessageOutcome>& outcomes,
+                std::u16string words = {});
+    std::u16string PreferredMemory() const;
+
+    CTarnbridgeDoc& document_;
+    const MessageTree tree_;
+    MessageFolders folders_;
+    KeptSelections kept_;
+    KeptSelections::Kept remembered_;
+    bool rememberedToMove_ = false;
+    HandsetTaskRunner runner_;
+};
+
+}  // namespace tarnbridge
