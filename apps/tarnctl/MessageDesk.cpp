@@ -216,8 +216,8 @@ void MessageDesk::PcFoldersChanged() {
 }
 
 bool MessageDesk::SaveNow() {
-    saved_ = clock_.Now();
     const Outcome outcome = file_->Save(profile_);
+    saved_ = clock_.Now();
     if (!outcome) {
         PrintWords(TextToUtf8(Words(Word::ProfileNotSaved)));
         PrintWords(outcome.Failure().text);
