@@ -23,6 +23,9 @@ public:
     /// behind it.
     std::vector<int> Enumerate();
 
+    /// The folders that are there and in which something changes when a port is plugged in or out.
+    std::vector<std::filesystem::path> WatchedFolders() const;
+
     /// The device path that a number stands for, plugged in or not.
     std::optional<std::string> DeviceOf(int number) const;
 

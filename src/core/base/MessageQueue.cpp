@@ -13,6 +13,7 @@ bool MessageQueue::Enqueue(std::shared_ptr<Entry> entry) {
     if (closed_) return false;
     entries_.push_back(std::move(entry));
     changed_.notify_one();
+    OnQueued();
     return true;
 }
 

@@ -33,6 +33,10 @@ public:
     /// Drops what is queued, frees those who wait in Send with the answer 0, and receives nothing any more.
     void Close();
 
+protected:
+    /// A message has been queued. Called by the sender's thread, with the queue locked, so never after Close.
+    virtual void OnQueued() {}
+
 private:
     /// Shared with the sender that waits for it, who may outlive the queue.
     struct Entry {

@@ -73,6 +73,18 @@ std::vector<int> PortMap::Enumerate() {
     return {numbers.begin(), numbers.end()};
 }
 
+std::vector<fs::path> PortMap::WatchedFolders() const {
+    std::set<fs::path> folders{root_ / "dev", root_ / "dev/serial/by-id"};
+    for (const std::string& entry : store_.Entries(section)) {
+        const auto number = ParseNumber(entry);
+        if (const auto device = number ? DeviceOf(*number) : std::nullopt)
+            folders.insert(fs::path(*device).parent_path());
+    }
+    std::error_code ignored;
+    std::erase_if(folders, [&](const fs::path& folder) { return !fs::is_directory(folder, ignored); });
+    return {folders.begin(), folders.end()};
+}
+
 std::optional<std::string> PortMap::DeviceOf(int number) const {
     const auto text = store_.GetText(section, std::to_string(number));
     if (!text || text->empty()) return std::nullopt;

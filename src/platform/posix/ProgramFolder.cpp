@@ -4,7 +4,9 @@
 #include <sstream>
 #include <vector>
 
+#include <fmt/format.h>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tarnbridge {
@@ -58,8 +60,27 @@ fs::path ConfigurationFolder() {
     return UserFolder("XDG_CONFIG_HOME", ".config");
 }
 
+fs::path RuntimeFolder() {
+    const fs::path chosen = Environment("XDG_RUNTIME_DIR");
+    std::error_code ignored;
+    fs::path folder = chosen.is_absolute()
+                          ? chosen / "tarnbridge"
+                          : fs::temp_directory_path(ignored) / fmt::format("tarnbridge-{}", getuid());
+    ::mkdir(folder.c_str(), 0700);
+    // Anybody can make a folder of that name among the temporary ones.
+    struct stat status {};
+    const bool own = ::lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+                     status.st_uid == getuid() && (status.st_mode & 0077) == 0;
+    if (own) return folder;
+    folder = ProgramFolder() / "run";
+    fs::create_directories(folder, ignored);
+    fs::permissions(folder, fs::perms::owner_all, ignored);
+    return folder;
+}
+
 std::optional<fs::path> FindData(const std::string& name) {
-    std::vector<fs::path> candidates{ProgramFolder() / name, ExecutableFolder() / name};
+    std::vector<fs::path> candidates{ProgramFolder() / name, ExecutableFolder() / name,
+                                     ExecutableFolder().parent_path() / "share/tarnbridge" / name};
     std::string folders = Environment("XDG_DATA_DIRS");
     if (folders.empty()) folders = "/usr/local/share:/usr/share";
     for (const fs::path& folder : SplitFolders(folders))

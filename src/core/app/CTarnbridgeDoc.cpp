@@ -1,0 +1,113 @@
+#include "core/app/CTarnbridgeDoc.h"
+
+#include "core/app/FrameMessages.h"
+#include "core/app/StandardFolders.h"
+#include "core/app/TemporaryFiles.h"
+#include "core/base/StringTable.h"
+#include "platform/SerialDevice.h"
+#include "platform/Text.h"
+
+namespace tarnbridge {
+namespace {
+
+FolderNames NamesOfFolders() {
+    return {.handsetMessages = Words(Word::MessageHandsetFolder),
+            .pcMessages = Words(Word::MessagePcFolder),
+            .inbox = Words(Word::Inbox),
+            .outbox = Words(Word::Outbox),
+            .sent = Words(Word::SentMessage),
+            .draft = Words(Word::Draft),
+            .personal = Words(Word::PersonalFolder),
+            .messageTrash = Words(Word::MessageTrashCan),
+            .handsetContacts = Words(Word::ContactHandsetFolder),
+            .pcContacts = Words(Word::ContactPcFolder),
+            .contactTrash = Words(Word::ContactTrashCan)};
+}
+
+}  // namespace
+
+CTarnbridgeDoc::CTarnbridgeDoc(const Surroundings& surroundings)
+    : surroundings_(surroundings),
+      ports_(surroundings.store),
+      link_(surroundings.clock, SystemSerialDevices(ports_)),
+      watch_(link_, worker_, surroundings.user, [this] { return Address(); }) {}
+
+void CTarnbridgeDoc::SetWindow(std::weak_ptr<MessageTarget> window) {
+    window_ = window;
+    watch_.SetWindow(std::move(window));
+}
+
+bool CTarnbridgeDoc::OnNewDocument() {
+    UserInteraction& user = surroundings_.user;
+    file_ = ProfileFile::Open(surroundings_.folder / "Tarnbridge.bin", surroundings_.clock);
+    if (!file_) {
+        user.Tell(Words(Word::ProfileInUse));
+        return false;
+    }
+    if (!worker_.Start(link_)) user.Tell(Words(Word::BackgroundThreadFailed));
+    EmptyTemporaryFolder(surroundings_.folder);
+    phoneModels_.Load();
+    file_->Load(profile_);
+    EnsureStandardFolders(profile_, NamesOfFolders());
+    return true;
+}
+
+void CTarnbridgeDoc::Close() {
+    watch_.Close([this] {
+        OnCloseDocument();
+        if (const auto window = window_.lock()) window->Post({DocumentClosed});
+    });
+}
+
+void CTarnbridgeDoc::OnCloseDocument() {
+    worker_.Stop();
+    if (link_.IsPortOpen()) link_.Disconnect(true);
+    EmptyMirrors(profile_);
+    Save();
+    SweepTemporaryFiles(surroundings_.folder);
+    file_.reset();
+}
+
+bool CTarnbridgeDoc::Save() {
+    const bool saved = SaveProfileFile();
+    if (surroundings_.saveDialUp) SaveDialUpSettings(surroundings_.dialUp);
+    return saved;
+}
+
+bool CTarnbridgeDoc::SaveProfileFile() {
+    if (!file_) return false;
+    if (!file_->Save(profile_)) {
+        if (!std::exchange(toldNotSaved_, true)) surroundings_.user.Tell(Words(Word::ProfileNotSaved));
+        return false;
+    }
+    toldNotSaved_ = false;
+    if (file_->CopiedAside() && !std::exchange(toldAside_, true)) {
+        const std::u16string copy = Utf8ToText(file_->CopiedAside()->string());
+        surroundings_.user.Tell(Words(Word::ProfileCopiedAside, {copy}));
+    }
+    return true;
+}
+
+void CTarnbridgeDoc::NoteChange() {
+    if (const auto window = window_.lock()) window->Post({ProfileChanged});
+}
+
+const PhoneModels::Map::value_type& CTarnbridgeDoc::Model() const {
+    return phoneModels_.InUse(surroundings_.settings.GetText(SettingIndex::Phone));
+}
+
+bool CTarnbridgeDoc::LongMessages() const {
+    return surroundings_.settings.GetText(SettingIndex::LongSms) == u"TRUE";
+}
+
+bool CTarnbridgeDoc::SevenBit() const {
+    return surroundings_.settings.GetText(SettingIndex::SevenBitSms) == u"TRUE";
+}
+
+LinkAddress CTarnbridgeDoc::Address() const {
+    const PhoneModelInfo& model = Model().second;
+    return {PortMap::NameOf(surroundings_.settings.GetNumber(SettingIndex::Port)), model.baudRate,
+            model.flowControl};
+}
+
+}  // namespace tarnbridge

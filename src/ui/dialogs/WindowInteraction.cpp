@@ -1,0 +1,181 @@
+#include "ui/dialogs/WindowInteraction.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "ui/QtText.h"
+#include "ui/dialogs/FolderDialog.h"
+#include "ui/dialogs/ProgressDialog.h"
+#include "ui/dialogs/TextDialog.h"
+
+namespace tarnbridge {
+namespace {
+
+constexpr MessageId runInWindow{1};
+
+using Work = std::function<void()>;
+
+struct AnswerButton {
+    Answer answer;
+    Word words;
+    QMessageBox::ButtonRole role;
+};
+
+constexpr AnswerButton answerButtons[] = {
+    {Answer::Yes, Word::Yes, QMessageBox::YesRole},
+    {Answer::YesToAll, Word::YesToAll, QMessageBox::YesRole},
+    {Answer::No, Word::No, QMessageBox::NoRole},
+    {Answer::NoToAll, Word::NoToAll, QMessageBox::NoRole},
+    {Answer::Cancel, Word::Cancel, QMessageBox::RejectRole},
+};
+
+bool Offers(AnswerSet set, Answer answer) {
+    switch (answer) {
+        case Answer::Yes:
+        case Answer::No:
+            return true;
+        case Answer::Cancel:
+            return set == AnswerSet::YesNoCancel || set == AnswerSet::YesNoAllCancel;
+        case Answer::YesToAll:
+        case Answer::NoToAll:
+            break;
+    }
+    return set == AnswerSet::YesNoAll || set == AnswerSet::YesNoAllCancel;
+}
+
+Answer AskIn(QWidget* parent, const std::u16string& words, AnswerSet set) {
+    QMessageBox box(QMessageBox::Question, QWords(Word::ProgramName), ToQString(words), QMessageBox::NoButton,
+                    parent);
+    box.setObjectName(QStringLiteral("question"));
+    box.setTextFormat(Qt::PlainText);
+    const Answer unanswered = Offers(set, Answer::Cancel) ? Answer::Cancel : Answer::No;
+    for (const AnswerButton& offered : answerButtons) {
+        if (!Offers(set, offered.answer)) continue;
+        QPushButton* const button = box.addButton(QWords(offered.words), offered.role);
+        button->setProperty("answer", static_cast<int>(offered.answer));
+        if (offered.answer == Answer::Yes) box.setDefaultButton(button);
+        if (offered.answer == unanswered) box.setEscapeButton(button);
+    }
+    box.exec();
+    const QAbstractButton* const clicked = box.clickedButton();
+    return clicked ? static_cast<Answer>(clicked->property("answer").toInt()) : unanswered;
+}
+
+QString FilterLine(const std::vector<FileFilter>& filters) {
+    QStringList lines;
+    for (const FileFilter& filter : filters) {
+        QStringList patterns;
+        for (const std::string& pattern : filter.patterns)
+            patterns << QString::fromStdString(pattern);
+        lines << QStringLiteral("%1 (%2)").arg(ToQString(filter.name), patterns.join(u' '));
+    }
+    return lines.join(QStringLiteral(";;"));
+}
+
+std::vector<std::filesystem::path> ChooseIn(QWidget* parent, const FileQuestion& question) {
+    QFileDialog dialog(parent, ToQString(question.title), PathToQString(question.folder),
+                       FilterLine(question.filters));
+    dialog.setObjectName(QStringLiteral("files"));
+    if (question.purpose == FilePurpose::Save) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.selectFile(ToQString(question.suggestedName));
+        if (!question.filters.empty() && !question.filters[0].patterns.empty()) {
+            const std::string& pattern = question.filters[0].patterns[0];
+            if (pattern.starts_with("*.")) dialog.setDefaultSuffix(QString::fromStdString(pattern.substr(2)));
+        }
+    } else {
+        dialog.setFileMode(question.purpose == FilePurpose::OpenSeveral ? QFileDialog::ExistingFiles
+                                                                        : QFileDialog::ExistingFile);
+    }
+    std::vector<std::filesystem::path> chosen;
+    if (dialog.exec() != QDialog::Accepted) return chosen;
+    for (const QString& name : dialog.selectedFiles())
+        chosen.push_back(ToPath(name));
+    return chosen;
+}
+
+}  // namespace
+
+WindowInteraction::WindowInteraction()
+    : receiver_([](Message& message) {
+          if (const Work* const work = message.payload.Get<Work>()) (*work)();
+          return intptr_t{0};
+      }) {}
+
+template <typename Type>
+Type WindowInteraction::InWindow(Type otherwise, const std::function<Type(QWidget* parent)>& use) {
+    Type answer = std::move(otherwise);
+    const Work work = [&] {
+        // A dialog that is open is asked over, so that the answer belongs to what the user does.
+        QWidget* const dialog = QApplication::activeModalWidget();
+        answer = use(dialog ? dialog : window_.data());
+    };
+    // Sending to the own thread runs the work at once.
+    if (const auto target = receiver_.Target().lock())
+        target->Send({runInWindow, 0, 0, MessagePayload::Of(work)});
+    return answer;
+}
+
+Answer WindowInteraction::Ask(const std::u16string& words, AnswerSet answers) {
+    const Answer otherwise = Offers(answers, Answer::Cancel) ? Answer::Cancel : Answer::No;
+    return InWindow<Answer>(otherwise, [&](QWidget* parent) { return AskIn(parent, words, answers); });
+}
+
+void WindowInteraction::Tell(const std::u16string& words) {
+    InWindow<bool>(false, [&](QWidget* parent) {
+        QMessageBox box(QMessageBox::Information, QWords(Word::ProgramName), ToQString(words),
+                        QMessageBox::Ok, parent);
+        box.setObjectName(QStringLiteral("note"));
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
+        return true;
+    });
+}
+
+std::optional<std::u16string> WindowInteraction::AskText(const TextQuestion& question) {
+    return InWindow<std::optional<std::u16string>>({}, [&](QWidget* parent) -> std::optional<std::u16string> {
+        TextDialog dialog(question, parent);
+        if (dialog.exec() != QDialog::Accepted) return {};
+        return dialog.Text();
+    });
+}
+
+std::vector<std::filesystem::path> WindowInteraction::ChooseFiles(const FileQuestion& question) {
+    return InWindow<std::vector<std::filesystem::path>>(
+        {}, [&](QWidget* parent) { return ChooseIn(parent, question); });
+}
+
+std::optional<std::filesystem::path> WindowInteraction::ChooseDirectory(const std::u16string& title,
+                                                                        const std::filesystem::path& start) {
+    return InWindow<std::optional<std::filesystem::path>>(
+        {}, [&](QWidget* parent) -> std::optional<std::filesystem::path> {
+            const QString chosen =
+                QFileDialog::getExistingDirectory(parent, ToQString(title), PathToQString(start));
+            if (chosen.isEmpty()) return {};
+            return ToPath(chosen);
+        });
+}
+
+std::optional<FolderChoice> WindowInteraction::ChooseFolder(const FolderQuestion& question) {
+    return InWindow<std::optional<FolderChoice>>({}, [&](QWidget* parent) -> std::optional<FolderChoice> {
+        FolderDialog dialog(question, parent);
+        if (dialog.exec() != QDialog::Accepted) return {};
+        return dialog.Choice();
+    });
+}
+
+std::unique_ptr<Progress> WindowInteraction::ShowProgress(const std::u16string& title, bool canCancel) {
+    const auto state = std::make_shared<ProgressState>();
+    InWindow<bool>(false, [&](QWidget* parent) {
+        auto* const dialog = new ProgressDialog(ToQString(title), canCancel, state, parent);
+        state->window = dialog->Target();
+        dialog->show();
+        return true;
+    });
+    return std::make_unique<ProgressReport>(state);
+}
+
+}  // namespace tarnbridge

@@ -1,0 +1,49 @@
+#include "ui/frame/ConnectionPane.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include "ui/Icons.h"
+#include "ui/QtText.h"
+
+namespace tarnbridge {
+namespace {
+
+constexpr int wordsWidth = 120;
+constexpr int pictureSide = 16;
+
+}  // namespace
+
+ConnectionPane::ConnectionPane(QWidget* parent) : QWidget(parent), words_(new QLabel), picture_(new QLabel) {
+    words_->setObjectName(QStringLiteral("connectionWords"));
+    words_->setMinimumWidth(wordsWidth);
+    words_->setAccessibleName(QWords(Word::ConnectionName));
+    picture_->setObjectName(QStringLiteral("connectionPicture"));
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 4, 0);
+    layout->addWidget(words_);
+    layout->addWidget(picture_);
+    SetConnected(false);
+}
+
+void ConnectionPane::SetConnected(bool connected) {
+    connected_ = connected;
+    words_->setText(QWords(connected ? Word::Connected : Word::Disconnected));
+    Draw();
+    QAccessibleEvent changed(words_, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+void ConnectionPane::Draw() {
+    const QIcon icon = ThemedIcon(connected_ ? QStringLiteral("connected") : QStringLiteral("disconnected"));
+    picture_->setPixmap(icon.pixmap(QSize(pictureSide, pictureSide), devicePixelRatio()));
+}
+
+void ConnectionPane::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) Draw();
+    QWidget::changeEvent(event);
+}
+
+}  // namespace tarnbridge
