@@ -6,7 +6,7 @@
     <message>
         <source>Tarnbridge</source>
         <comment>ProgramName</comment>
-        <translation type="unfinished"></translation>
+        <translation>Tarnbridge</translation>
     </message>
     <message>
         <source>Connected!</source>
@@ -16,755 +16,748 @@
     <message>
         <source>Disconnected!</source>
         <comment>Disconnected</comment>
-        <translation type="unfinished"></translation>
+        <translation>Getrennt!</translation>
     </message>
     <message>
         <source>Fail to get the ini file.</source>
         <comment>IniFileMissing</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei mit den Netzbetreibern wurde nicht gefunden.</translation>
     </message>
     <message>
         <source>Ole Initialization Failed</source>
         <comment>OleFailed</comment>
-        <translation type="unfinished"></translation>
+        <translation>OLE konnte nicht gestartet werden.</translation>
     </message>
     <message>
         <source>Fail to load EMS library!</source>
         <comment>EmsLibraryFailed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die EMS-Bibliothek konnte nicht geladen werden!</translation>
     </message>
     <message>
         <source>Fail to start the background thread!</source>
         <comment>BackgroundThreadFailed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Hintergrundprozess konnte nicht gestartet werden!</translation>
     </message>
     <message>
         <source>Fail to save user data. Please make sure that you have rights to modify the folder which this execution file exits in.</source>
         <comment>ProfileNotSaved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Daten konnten nicht gespeichert werden. Bitte prüfen Sie, ob Sie in den Ordner des Programms schreiben dürfen.</translation>
     </message>
     <message>
         <source>Do you want to restart this application currently?
 Press 'Yes' to restart right now.
 Press 'No' to restart later manually.</source>
         <comment>RestartNow</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie das Programm jetzt neu starten?
+„Ja“ startet es sofort neu.
+Bei „Nein“ starten Sie es später selbst neu.</translation>
     </message>
     <message>
         <source>New Folder</source>
         <comment>NewFolder</comment>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Ordner</translation>
     </message>
     <message>
         <source>%d / %d</source>
         <comment>ProgressOf</comment>
-        <translation type="unfinished"></translation>
+        <translation>%d / %d</translation>
     </message>
     <message>
         <source>Error</source>
         <comment>ErrorTitle</comment>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
     <message>
         <source>Yes</source>
         <comment>Yes</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ja</translation>
     </message>
     <message>
         <source>No</source>
         <comment>No</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nein</translation>
     </message>
     <message>
         <source>Cancel</source>
         <comment>Cancel</comment>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Yes to all</source>
         <comment>YesToAll</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ja, alle</translation>
     </message>
     <message>
         <source>No to all</source>
         <comment>NoToAll</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nein, keine</translation>
     </message>
     <message>
         <source>SIM</source>
         <comment>MemorySim</comment>
-        <translation type="unfinished"></translation>
+        <translation>SIM</translation>
     </message>
     <message>
         <source>Phone</source>
         <comment>MemoryPhone</comment>
-        <translation type="unfinished"></translation>
+        <translation>Telefon</translation>
     </message>
     <message>
         <source>PC</source>
         <comment>MemoryPc</comment>
-        <translation type="unfinished"></translation>
+        <translation>PC</translation>
     </message>
     <message>
         <source>Your messages and contacts are in use by another program. Please end it and start Tarnbridge again.</source>
         <comment>ProfileInUse</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Nachrichten und Kontakte werden gerade von einem anderen Programm benutzt. Bitte beenden Sie es und starten Sie Tarnbridge noch einmal.</translation>
     </message>
     <message>
         <source>The file with your messages and contacts could not be read to its end. It was kept as:
 %s</source>
         <comment>ProfileCopiedAside</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei mit Ihren Nachrichten und Kontakten war nicht vollständig lesbar. Sie wurde aufbewahrt als:
+%s</translation>
     </message>
     <message>
         <source>Tarnbridge could not be started again. Please end it and start it yourself.</source>
         <comment>RestartFailed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Tarnbridge konnte nicht neu gestartet werden. Bitte beenden Sie es und starten Sie es selbst.</translation>
     </message>
     <message>
         <source>OK</source>
         <comment>Ok</comment>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancelling...</source>
         <comment>Cancelling</comment>
-        <translation type="unfinished"></translation>
+        <translation>Wird abgebrochen …</translation>
     </message>
     <message>
         <source>&amp;Memory:</source>
         <comment>MemoryLabel</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Speicher:</translation>
     </message>
     <message>
         <source>Phonebook</source>
         <comment>FeaturePhonebook</comment>
-        <translation type="unfinished"></translation>
+        <translation>Telefonbuch</translation>
     </message>
     <message>
         <source>Messages</source>
         <comment>FeatureMessages</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nachrichten</translation>
     </message>
     <message>
         <source>Settings</source>
         <comment>FeatureSettings</comment>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Images</source>
         <comment>FeatureImages</comment>
-        <translation type="unfinished"></translation>
+        <translation>Bilder</translation>
     </message>
     <message>
         <source>Melodies</source>
         <comment>FeatureMelodies</comment>
-        <translation type="unfinished"></translation>
+        <translation>Melodien</translation>
     </message>
     <message>
         <source>MMS</source>
         <comment>FeatureMms</comment>
-        <translation type="unfinished"></translation>
+        <translation>MMS</translation>
     </message>
     <message>
         <source>File manager</source>
         <comment>FeatureFiles</comment>
-        <translation type="unfinished"></translation>
+        <translation>Dateien</translation>
     </message>
     <message>
         <source>Features</source>
         <comment>FeaturesName</comment>
-        <translation type="unfinished"></translation>
+        <translation>Bereiche</translation>
     </message>
     <message>
         <source>Tool bar</source>
         <comment>ToolbarName</comment>
-        <translation type="unfinished"></translation>
+        <translation>Werkzeugleiste</translation>
     </message>
     <message>
         <source>Connection</source>
         <comment>ConnectionName</comment>
-        <translation type="unfinished"></translation>
+        <translation>Verbindung</translation>
     </message>
     <message>
         <source>&amp;File</source>
         <comment>MenuFile</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
         <source>&amp;View</source>
         <comment>MenuView</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
         <source>&amp;Settings</source>
         <comment>MenuSettings</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Einstellungen</translation>
     </message>
     <message>
         <source>&amp;Help</source>
         <comment>MenuHelp</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
         <comment>CommandQuit</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beenden</translation>
     </message>
     <message>
         <source>&amp;Contents</source>
         <comment>CommandHelp</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Inhalt</translation>
     </message>
     <message>
         <source>&amp;About Tarnbridge</source>
         <comment>CommandAbout</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Über Tarnbridge</translation>
     </message>
     <message>
         <source>Close</source>
         <comment>CommandClose</comment>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Back</source>
         <comment>CommandBack</comment>
-        <translation type="unfinished"></translation>
+        <translation>Zurück</translation>
     </message>
     <message>
         <source>Contents</source>
         <comment>CommandContents</comment>
-        <translation type="unfinished"></translation>
+        <translation>Inhalt</translation>
     </message>
     <message>
         <source>Go to the features</source>
         <comment>CommandFeatures</comment>
-        <translation type="unfinished"></translation>
+        <translation>Zu den Bereichen</translation>
     </message>
     <message>
         <source>Go to the contents of the window</source>
         <comment>CommandForm</comment>
-        <translation type="unfinished"></translation>
+        <translation>Zum Inhalt des Fensters</translation>
     </message>
     <message>
         <source>Help</source>
         <comment>HelpTitle</comment>
-        <translation type="unfinished"></translation>
+        <translation>Hilfe</translation>
     </message>
     <message>
         <source>The help page is missing. Please install the program again.</source>
         <comment>HelpMissing</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Hilfeseite fehlt. Bitte installieren Sie das Programm neu.</translation>
     </message>
     <message>
         <source>About Tarnbridge</source>
         <comment>AboutTitle</comment>
-        <translation type="unfinished"></translation>
+        <translation>Über Tarnbridge</translation>
     </message>
     <message>
         <source>Version %s</source>
         <comment>AboutVersion</comment>
-        <translation type="unfinished"></translation>
+        <translation>Version %s</translation>
     </message>
     <message>
         <source>A desktop companion for phones that speak AT commands.</source>
         <comment>AboutPurpose</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Begleiter am PC für Telefone, die AT-Befehle sprechen.</translation>
     </message>
     <message>
         <source>Built with</source>
         <comment>AboutBuiltWith</comment>
-        <translation type="unfinished"></translation>
+        <translation>Erstellt mit</translation>
     </message>
     <message>
         <source>Licence</source>
         <comment>AboutLicence</comment>
-        <translation type="unfinished"></translation>
+        <translation>Lizenz</translation>
     </message>
     <message>
         <source>Your messages</source>
         <comment>MessagesPlaceTitle</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Nachrichten</translation>
     </message>
     <message>
         <source>Messages of the phone and of this computer are shown here.</source>
         <comment>MessagesPlaceHint</comment>
-        <translation type="unfinished"></translation>
+        <translation>Hier stehen die Nachrichten des Telefons und die auf diesem Computer.</translation>
     </message>
     <message>
         <source>General</source>
         <comment>SettingsGeneral</comment>
-        <translation type="unfinished"></translation>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>Messages</source>
         <comment>SettingsMessages</comment>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Settings pages</source>
-        <comment>SettingsPages</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nachrichten</translation>
     </message>
     <message>
         <source>Phone</source>
         <comment>SettingsPhoneGroup</comment>
-        <translation type="unfinished"></translation>
+        <translation>Telefon</translation>
     </message>
     <message>
         <source>&amp;Port:</source>
         <comment>SettingsPort</comment>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;nschluss:</translation>
     </message>
     <message>
         <source>The port that the phone is plugged into. The list follows what is plugged in.</source>
         <comment>SettingsPortTip</comment>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No port is plugged in. Plug the phone in, or name its device.</source>
-        <comment>SettingsNoPort</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Anschluss, an dem das Telefon steckt. Die Liste folgt dem, was eingesteckt ist.</translation>
     </message>
     <message>
         <source>%s - not plugged in</source>
         <comment>SettingsPortAway</comment>
-        <translation type="unfinished"></translation>
+        <translation>%s – nicht eingesteckt</translation>
     </message>
     <message>
         <source>&amp;Other device...</source>
         <comment>SettingsAddPort</comment>
-        <translation type="unfinished"></translation>
+        <translation>Anderes &amp;Gerät …</translation>
     </message>
     <message>
         <source>Path of the device, such as /dev/ttyUSB0 or /dev/rfcomm0:</source>
         <comment>SettingsDeviceQuestion</comment>
-        <translation type="unfinished"></translation>
+        <translation>Pfad des Geräts, etwa /dev/ttyUSB0 oder /dev/rfcomm0:</translation>
     </message>
     <message>
         <source>There is no device of this name: %s</source>
         <comment>SettingsDeviceBad</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ein Gerät dieses Namens gibt es nicht: %s</translation>
     </message>
     <message>
         <source>Look for ports</source>
         <comment>SettingsRefresh</comment>
-        <translation type="unfinished"></translation>
+        <translation>Anschlüsse suchen</translation>
     </message>
     <message>
         <source>Phone &amp;model:</source>
         <comment>SettingsModel</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Telefonmodell:</translation>
     </message>
     <message>
         <source>%d baud, %s, screen %d x %d</source>
         <comment>SettingsModelFacts</comment>
-        <translation type="unfinished"></translation>
+        <translation>%d Baud, %s, Bildschirm %d × %d</translation>
     </message>
     <message>
         <source>no flow control</source>
         <comment>FlowNone</comment>
-        <translation type="unfinished"></translation>
+        <translation>ohne Flusssteuerung</translation>
     </message>
     <message>
         <source>hardware flow control</source>
         <comment>FlowHardware</comment>
-        <translation type="unfinished"></translation>
+        <translation>Flusssteuerung durch Hardware</translation>
     </message>
     <message>
         <source>software flow control</source>
         <comment>FlowSoftware</comment>
-        <translation type="unfinished"></translation>
+        <translation>Flusssteuerung durch Software</translation>
     </message>
     <message>
         <source>State:</source>
         <comment>SettingsState</comment>
-        <translation type="unfinished"></translation>
+        <translation>Zustand:</translation>
     </message>
     <message>
         <source>No phone is plugged in at this port.</source>
         <comment>PortMissing</comment>
-        <translation type="unfinished"></translation>
+        <translation>An diesem Anschluss ist kein Telefon eingesteckt.</translation>
     </message>
     <message>
         <source>You may not open %s. It belongs to the group %s: join it with "sudo usermod -aG %s $USER" and log in again.</source>
         <comment>PortNoRights</comment>
-        <translation type="unfinished"></translation>
+        <translation>Sie dürfen %s nicht öffnen. Es gehört der Gruppe %s: Treten Sie ihr bei mit „sudo usermod -aG %s $USER“ und melden Sie sich neu an.</translation>
     </message>
     <message>
         <source>%s is in use by another program.</source>
         <comment>PortInUse</comment>
-        <translation type="unfinished"></translation>
+        <translation>%s wird von einem anderen Programm benutzt.</translation>
     </message>
     <message>
         <source>%s is in use by %s.</source>
         <comment>PortInUseBy</comment>
-        <translation type="unfinished"></translation>
+        <translation>%s wird von %s benutzt.</translation>
     </message>
     <message>
         <source>%s is in use. The modem manager looks at new ports for some ten seconds; please wait.</source>
         <comment>PortProbed</comment>
-        <translation type="unfinished"></translation>
+        <translation>%s wird benutzt. Der Modem-Manager prüft neue Anschlüsse etwa zehn Sekunden lang; bitte warten Sie.</translation>
     </message>
     <message>
         <source>%s isn't a serial port.</source>
         <comment>PortNotSerial</comment>
-        <translation type="unfinished"></translation>
+        <translation>%s ist keine serielle Schnittstelle.</translation>
     </message>
     <message>
         <source>%s can't be set to the speed of this phone model.</source>
         <comment>PortRate</comment>
-        <translation type="unfinished"></translation>
+        <translation>%s kann nicht auf die Geschwindigkeit dieses Modells gestellt werden.</translation>
     </message>
     <message>
         <source>The port is open, but the phone doesn't answer yet.</source>
         <comment>PortSilent</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Anschluss ist offen, aber das Telefon antwortet noch nicht.</translation>
     </message>
     <message>
         <source>Program</source>
         <comment>SettingsProgramGroup</comment>
-        <translation type="unfinished"></translation>
+        <translation>Programm</translation>
     </message>
     <message>
         <source>&amp;Language:</source>
         <comment>SettingsLanguage</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sprache:</translation>
     </message>
     <message>
         <source>The language of the program, from its next start on.</source>
         <comment>SettingsLanguageTip</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Sprache des Programms ab dem nächsten Start.</translation>
     </message>
     <message>
         <source>Long SMS</source>
         <comment>SettingsLongSms</comment>
-        <translation type="unfinished"></translation>
+        <translation>Lange SMS</translation>
     </message>
     <message>
         <source>&amp;Activate</source>
         <comment>SettingsActivate</comment>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;in</translation>
     </message>
     <message>
         <source>&amp;Deactivate</source>
         <comment>SettingsDeactivate</comment>
-        <translation type="unfinished"></translation>
+        <translation>Au&amp;s</translation>
     </message>
     <message>
         <source>A long text goes out as up to 10 messages that the receiver's phone joins. Each is paid for.</source>
         <comment>SettingsLongSmsHint</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ein langer Text geht in bis zu 10 Nachrichten hinaus, die das Telefon des Empfängers zusammenfügt. Jede kostet.</translation>
     </message>
     <message>
         <source>Character Encoding</source>
         <comment>SettingsEncoding</comment>
-        <translation type="unfinished"></translation>
+        <translation>Zeichencodierung</translation>
     </message>
     <message>
         <source>&amp;7bit</source>
         <comment>SettingsSevenBit</comment>
-        <translation type="unfinished"></translation>
+        <translation>&amp;7 Bit</translation>
     </message>
     <message>
         <source>A&amp;utomatic</source>
         <comment>SettingsAutomatic</comment>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;utomatisch</translation>
     </message>
     <message>
         <source>7bit keeps 160 characters a message. Automatic also sends all other scripts, with 70 characters a message.</source>
         <comment>SettingsEncodingHint</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mit 7 Bit fassen Nachrichten 160 Zeichen. Automatisch sendet auch alle anderen Schriften, mit 70 Zeichen je Nachricht.</translation>
     </message>
     <message>
         <source>Preferred memory</source>
         <comment>SettingsMemory</comment>
-        <translation type="unfinished"></translation>
+        <translation>Bevorzugter Speicher</translation>
     </message>
     <message>
         <source>Where messages are kept when they are saved to the phone.</source>
         <comment>SettingsMemoryHint</comment>
-        <translation type="unfinished"></translation>
+        <translation>Wo Nachrichten liegen, die auf dem Telefon gespeichert werden.</translation>
     </message>
     <message>
         <source>Handset Folder</source>
         <comment>MessageHandsetFolder</comment>
-        <translation type="unfinished"></translation>
+        <translation>Telefon</translation>
     </message>
     <message>
         <source>PC Folder</source>
         <comment>MessagePcFolder</comment>
-        <translation type="unfinished"></translation>
+        <translation>PC</translation>
     </message>
     <message>
         <source>Inbox</source>
         <comment>Inbox</comment>
-        <translation type="unfinished"></translation>
+        <translation>Eingang</translation>
     </message>
     <message>
         <source>Outbox</source>
         <comment>Outbox</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ausgang</translation>
     </message>
     <message>
         <source>Sent Message</source>
         <comment>SentMessage</comment>
-        <translation type="unfinished"></translation>
+        <translation>Gesendet</translation>
     </message>
     <message>
         <source>Draft</source>
         <comment>Draft</comment>
-        <translation type="unfinished"></translation>
+        <translation>Entwürfe</translation>
     </message>
     <message>
         <source>Personal Folder</source>
         <comment>PersonalFolder</comment>
-        <translation type="unfinished"></translation>
+        <translation>Persönlich</translation>
     </message>
     <message>
         <source>Trash Can</source>
         <comment>MessageTrashCan</comment>
-        <translation type="unfinished"></translation>
+        <translation>Papierkorb</translation>
     </message>
     <message>
         <source>Reading messages...</source>
         <comment>ReadingMessages</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nachrichten werden gelesen …</translation>
     </message>
     <message>
         <source>Reading message...</source>
         <comment>ReadingMessage</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nachricht wird gelesen …</translation>
     </message>
     <message>
         <source>There is no available message in handset!</source>
         <comment>NoMessageInHandset</comment>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Telefon ist keine Nachricht!</translation>
     </message>
     <message>
         <source>Fail to delete message from handset!</source>
         <comment>MessageNotDeleted</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachricht konnte nicht vom Telefon gelöscht werden!</translation>
     </message>
     <message>
         <source>Fail to update message from handset!</source>
         <comment>MessageNotUpdated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachricht konnte auf dem Telefon nicht geändert werden!</translation>
     </message>
     <message>
         <source>Fail to write message to handset!</source>
         <comment>MessageNotWritten</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachricht konnte nicht auf das Telefon geschrieben werden!</translation>
     </message>
     <message>
         <source>Can't move the message(s) to the same folder!</source>
         <comment>MoveToSameFolder</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachrichten sind schon in diesem Ordner!</translation>
     </message>
     <message>
         <source>Do you want to delete the message(s)?</source>
         <comment>DeleteMessages</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die Nachrichten löschen?</translation>
     </message>
     <message>
         <source>Do you want to move this folder to</source>
         <comment>MoveFolderTo</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie diesen Ordner verschieben nach</translation>
     </message>
     <message>
         <source>Do you want to download the messages from handset ?</source>
         <comment>DownloadMessages</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die Nachrichten vom Telefon laden?</translation>
     </message>
     <message>
         <source>Failed to create new folder!</source>
         <comment>FolderNotCreated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner konnte nicht angelegt werden!</translation>
     </message>
     <message>
         <source>Failed to create new message!</source>
         <comment>MessageNotCreated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachricht konnte nicht angelegt werden!</translation>
     </message>
     <message>
         <source>Please choose one folder to save!</source>
         <comment>ChooseFolderToSave</comment>
-        <translation type="unfinished"></translation>
+        <translation>Bitte wählen Sie einen Ordner zum Speichern!</translation>
     </message>
     <message>
         <source>Fail to save the message!</source>
         <comment>MessageNotSaved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachricht konnte nicht gespeichert werden!</translation>
     </message>
     <message>
         <source>The recepient address's length is larger than 4096 characters</source>
         <comment>RecipientsTextTooLong</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Empfänger sind länger als 4096 Zeichen.</translation>
     </message>
     <message>
         <source>The total number of contacts character pass 256, please delete some contacts to continue send!</source>
         <comment>TooManyRecipientCharacters</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Empfänger sind länger als 256 Zeichen. Bitte entfernen Sie einige, um zu senden!</translation>
     </message>
     <message>
         <source>It can not send more than 1200 messages one time!</source>
         <comment>TooManyMessages</comment>
-        <translation type="unfinished"></translation>
+        <translation>Auf einmal lassen sich höchstens 1200 Nachrichten senden!</translation>
     </message>
     <message>
         <source>Invalid phone number!</source>
         <comment>InvalidPhoneNumber</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ungültige Telefonnummer!</translation>
     </message>
     <message>
         <source>This is an invalid recipient!</source>
         <comment>InvalidRecipient</comment>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Empfänger gibt es nicht!</translation>
     </message>
     <message>
         <source>There is no recipient in the sending messages!</source>
         <comment>NoRecipient</comment>
-        <translation type="unfinished"></translation>
+        <translation>Eine der Nachrichten hat keinen Empfänger!</translation>
     </message>
     <message>
         <source>Do you want to save the message?</source>
         <comment>SaveMessage</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die Nachricht speichern?</translation>
     </message>
     <message>
         <source>Do you want to send all messages in PC Outbox ?</source>
         <comment>SendAllOutbox</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie alle Nachrichten im Ausgang des PCs senden?</translation>
     </message>
     <message>
         <source>Sending messages...</source>
         <comment>SendingMessages</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nachrichten werden gesendet …</translation>
     </message>
     <message>
         <source>Success</source>
         <comment>SendSuccess</comment>
-        <translation type="unfinished"></translation>
+        <translation>Gesendet</translation>
     </message>
     <message>
         <source>Failed</source>
         <comment>SendFailed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagen</translation>
     </message>
     <message>
         <source>Fail to create EMS object!</source>
         <comment>EmsObjectNotCreated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das EMS-Objekt konnte nicht angelegt werden!</translation>
     </message>
     <message>
         <source>Fail to export message to file!</source>
         <comment>MessagesNotExported</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachrichten konnten nicht in die Datei geschrieben werden!</translation>
     </message>
     <message>
         <source>Fail to import message from file!</source>
         <comment>MessagesNotImported</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachrichten konnten nicht aus der Datei gelesen werden!</translation>
     </message>
     <message>
         <source>Invalid Object!</source>
         <comment>EmsInvalidObject</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ungültiges Objekt!</translation>
     </message>
     <message>
         <source>The message is too long (more than 10 SMS)!Last input may be lost!</source>
         <comment>EmsMessageTooLong</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Nachricht ist zu lang (mehr als 10 SMS)! Die letzte Eingabe ist vielleicht verloren!</translation>
     </message>
     <message>
         <source>Not support long SMS, last input maybe lost.</source>
         <comment>EmsLongSmsOff</comment>
-        <translation type="unfinished"></translation>
+        <translation>Lange SMS sind ausgeschaltet, die letzte Eingabe ist vielleicht verloren.</translation>
     </message>
     <message>
         <source>Invalid DCS!</source>
         <comment>EmsInvalidDcs</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ungültige Codierung!</translation>
     </message>
     <message>
         <source>Not Support Color Picture!</source>
         <comment>EmsNoColourPicture</comment>
-        <translation type="unfinished"></translation>
+        <translation>Farbige Bilder gehen hier nicht!</translation>
     </message>
     <message>
         <source>Null Pointer!</source>
         <comment>EmsNullPointer</comment>
-        <translation type="unfinished"></translation>
+        <translation>Leerer Zeiger!</translation>
     </message>
     <message>
         <source>No memory or number of EMS object exceeds!</source>
         <comment>EmsNoMemory</comment>
-        <translation type="unfinished"></translation>
+        <translation>Kein Speicher oder zu viele EMS-Objekte!</translation>
     </message>
     <message>
         <source>Unspecified Error!</source>
         <comment>EmsUnspecified</comment>
-        <translation type="unfinished"></translation>
+        <translation>Unbekannter Fehler!</translation>
     </message>
     <message>
         <source>Handset folder</source>
         <comment>ContactHandsetFolder</comment>
-        <translation type="unfinished"></translation>
+        <translation>Telefon</translation>
     </message>
     <message>
         <source>PC folder</source>
         <comment>ContactPcFolder</comment>
-        <translation type="unfinished"></translation>
+        <translation>PC</translation>
     </message>
     <message>
         <source>Trash can</source>
         <comment>ContactTrashCan</comment>
-        <translation type="unfinished"></translation>
+        <translation>Papierkorb</translation>
     </message>
     <message>
         <source>Lotus Notes</source>
         <comment>LotusNotes</comment>
-        <translation type="unfinished"></translation>
+        <translation>Lotus Notes</translation>
     </message>
     <message>
         <source>Outlook</source>
         <comment>Outlook</comment>
-        <translation type="unfinished"></translation>
+        <translation>Outlook</translation>
     </message>
     <message>
         <source>Outlook Express</source>
         <comment>OutlookExpress</comment>
-        <translation type="unfinished"></translation>
+        <translation>Outlook Express</translation>
     </message>
     <message>
         <source>Mobile</source>
         <comment>LabelMobile</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mobil</translation>
     </message>
     <message>
         <source>Home</source>
         <comment>LabelHome</comment>
-        <translation type="unfinished"></translation>
+        <translation>Privat</translation>
     </message>
     <message>
         <source>Office</source>
         <comment>LabelOffice</comment>
-        <translation type="unfinished"></translation>
+        <translation>Büro</translation>
     </message>
     <message>
         <source>Fax</source>
         <comment>LabelFax</comment>
-        <translation type="unfinished"></translation>
+        <translation>Fax</translation>
     </message>
     <message>
         <source>The name shouldn't contain any char of '\\' or '/'.</source>
         <comment>NameHasSlash</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Name darf kein „\“ und kein „/“ enthalten.</translation>
     </message>
     <message>
         <source>The maximum of contact name is %d characters!</source>
         <comment>NameTooLong</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ein Name hat höchstens %d Zeichen!</translation>
     </message>
     <message>
         <source>The maximum of contact name is %d English characters,
@@ -773,34 +766,40 @@ or %d Chinese characters!
 Each of the following will be considered as 2 characters: 
 \\ | [ ] { } ^ ~</source>
         <comment>NameTooLongForHandset</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ein Name hat höchstens %d lateinische
+oder %d chinesische Zeichen!
+
+Jedes der folgenden zählt als 2 Zeichen: 
+\ | [ ] { } ^ ~</translation>
     </message>
     <message>
         <source>The maximum of contact name is %d English characters,
 %d characters (if contains only Thai, Russian, Latin
 or Arabic), or %d Chinese characters!</source>
         <comment>NameTooLongPacked</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ein Name hat höchstens %d lateinische Zeichen,
+%d Zeichen (wenn er nur thailändisch, russisch, lateinisch
+oder arabisch ist) oder %d chinesische Zeichen!</translation>
     </message>
     <message>
         <source>Invalid %s number format!</source>
         <comment>InvalidNumberFormat</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ungültige Nummer: %s!</translation>
     </message>
     <message>
         <source>The maximum of contact number is 40 characters!</source>
         <comment>NumberTooLong</comment>
-        <translation type="unfinished"></translation>
+        <translation>Eine Nummer hat höchstens 40 Zeichen!</translation>
     </message>
     <message>
         <source>Please enter the contact's name or phone number!</source>
         <comment>NameOrNumberMissing</comment>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie Namen oder Nummer des Kontakts an!</translation>
     </message>
     <message>
         <source>Email format is invalid, or it's too long! The maximum length is 60.</source>
         <comment>InvalidEmail</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die E-Mail-Adresse ist ungültig oder zu lang! Sie hat höchstens 60 Zeichen.</translation>
     </message>
     <message>
         <source>The input of anniversary is not valid.
@@ -808,698 +807,712 @@ or Arabic), or %d Chinese characters!</source>
 The correct format is 25/01/2004,
 and the year must be between 1900-2030.</source>
         <comment>InvalidAnniversary</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Jahrestag ist ungültig.
+
+Richtig ist etwa 25/01/2004,
+mit einem Jahr von 1900 bis 2030.</translation>
     </message>
     <message>
         <source>Failed to download phonebook entries from handset!</source>
         <comment>PhonebookNotDownloaded</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Telefonbuch konnte nicht vom Telefon geladen werden!</translation>
     </message>
     <message>
         <source>There's no enough space in the disk!</source>
         <comment>NoDiskSpace</comment>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Datenträger ist nicht genug Platz!</translation>
     </message>
     <message>
         <source>Reading advanced items of ME entries ...</source>
         <comment>ReadingAdvancedItems</comment>
-        <translation type="unfinished"></translation>
+        <translation>Weitere Angaben der Einträge des Telefons werden gelesen …</translation>
     </message>
     <message>
         <source>Reading advanced...</source>
         <comment>ReadingAdvanced</comment>
-        <translation type="unfinished"></translation>
+        <translation>Weitere Angaben werden gelesen …</translation>
     </message>
     <message>
         <source>Fail to read advanced information!</source>
         <comment>AdvancedNotRead</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die weiteren Angaben konnten nicht gelesen werden!</translation>
     </message>
     <message>
         <source>Failed to export phonebook to file!</source>
         <comment>PhonebookNotExported</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Telefonbuch konnte nicht in die Datei geschrieben werden!</translation>
     </message>
     <message>
         <source>Failed to import phonebook from file!</source>
         <comment>PhonebookNotImported</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Telefonbuch konnte nicht aus der Datei gelesen werden!</translation>
     </message>
     <message>
         <source>Reading contacts form outlook...</source>
         <comment>ReadingOutlook</comment>
-        <translation type="unfinished"></translation>
+        <translation>Kontakte werden aus Outlook gelesen …</translation>
     </message>
     <message>
         <source>Please set the path of Lotus Notes first.</source>
         <comment>LotusNotesPathMissing</comment>
-        <translation type="unfinished"></translation>
+        <translation>Bitte geben Sie zuerst den Pfad von Lotus Notes an.</translation>
     </message>
     <message>
         <source>Do you want to save the contact ?</source>
         <comment>SaveContact</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie den Kontakt speichern?</translation>
     </message>
     <message>
         <source>Save to...</source>
         <comment>SaveContactTo</comment>
-        <translation type="unfinished"></translation>
+        <translation>Speichern unter …</translation>
     </message>
     <message>
         <source>Phone book full!</source>
         <comment>PhonebookFull</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Telefonbuch ist voll!</translation>
     </message>
     <message>
         <source>The phonebook is out of synchronization with mobile phone. You have to download the phonebook first!</source>
         <comment>PhonebookOutOfSync</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Telefonbuch stimmt nicht mehr mit dem Telefon überein. Bitte laden Sie es zuerst neu!</translation>
     </message>
     <message>
         <source>Fail to write contact to handset!</source>
         <comment>ContactNotWritten</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Kontakt konnte nicht auf das Telefon geschrieben werden!</translation>
     </message>
     <message>
         <source>Fail to update contact from handset!</source>
         <comment>ContactNotUpdated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Kontakt konnte auf dem Telefon nicht geändert werden!</translation>
     </message>
     <message>
         <source>Fail to move contact(s)!</source>
         <comment>ContactsNotMoved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Kontakte konnten nicht verschoben werden!</translation>
     </message>
     <message>
         <source>The contact name '%s' exceeds length maximum!
  It will be shorten to '%s' for mobile phone!</source>
         <comment>NameWillBeShortened</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Name „%s“ ist zu lang!
+ Für das Telefon wird er gekürzt auf „%s“!</translation>
     </message>
     <message>
         <source>There is not enough space in handset!
 
 Only %d contact(s) will be moved!</source>
         <comment>NotAllContactsMoved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Telefon ist nicht genug Platz!
+
+Nur %d Kontakte werden verschoben!</translation>
     </message>
     <message>
         <source>There is not enough space in handset!
 
 Only %d contact(s) will be copied!</source>
         <comment>NotAllContactsCopied</comment>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Telefon ist nicht genug Platz!
+
+Nur %d Kontakte werden kopiert!</translation>
     </message>
     <message>
         <source>Copying contacts...</source>
         <comment>CopyingContacts</comment>
-        <translation type="unfinished"></translation>
+        <translation>Kontakte werden kopiert …</translation>
     </message>
     <message>
         <source>Deleting contacts...</source>
         <comment>DeletingContacts</comment>
-        <translation type="unfinished"></translation>
+        <translation>Kontakte werden gelöscht …</translation>
     </message>
     <message>
         <source>Are you sure to delete ?</source>
         <comment>DeleteForGood</comment>
-        <translation type="unfinished"></translation>
+        <translation>Wirklich endgültig löschen?</translation>
     </message>
     <message>
         <source>Do you want to delete the contact(s)?</source>
         <comment>DeleteContacts</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die Kontakte löschen?</translation>
     </message>
     <message>
         <source>Do you want to download the phonebook from handset ?</source>
         <comment>DownloadPhonebook</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie das Telefonbuch vom Telefon laden?</translation>
     </message>
     <message>
         <source>Reading phonebook...</source>
         <comment>ReadingPhonebook</comment>
-        <translation type="unfinished"></translation>
+        <translation>Telefonbuch wird gelesen …</translation>
     </message>
     <message>
         <source>Reading phonebook from %s</source>
         <comment>ReadingPhonebookFrom</comment>
-        <translation type="unfinished"></translation>
+        <translation>Telefonbuch wird gelesen: %s</translation>
     </message>
     <message>
         <source>Find contacts...</source>
         <comment>FindContacts</comment>
-        <translation type="unfinished"></translation>
+        <translation>Kontakte suchen …</translation>
     </message>
     <message>
         <source>Can not find the string</source>
         <comment>StringNotFound</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Text wurde nicht gefunden.</translation>
     </message>
     <message>
         <source>New group</source>
         <comment>NewGroup</comment>
-        <translation type="unfinished"></translation>
+        <translation>Neue Gruppe</translation>
     </message>
     <message>
         <source>Listing files...</source>
         <comment>ListingFiles</comment>
-        <translation type="unfinished"></translation>
+        <translation>Dateien werden aufgelistet …</translation>
     </message>
     <message>
         <source>Current folders :</source>
         <comment>CurrentFolders</comment>
-        <translation type="unfinished"></translation>
+        <translation>Aktuelle Ordner:</translation>
     </message>
     <message>
         <source>Directory information is incomplete.</source>
         <comment>DirectoryIncomplete</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Angaben zum Ordner sind unvollständig.</translation>
     </message>
     <message>
         <source>Fail to get drive information</source>
         <comment>DriveInformationFailed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Angaben zum Laufwerk konnten nicht gelesen werden.</translation>
     </message>
     <message>
         <source>Fail to create directory.</source>
         <comment>DirectoryNotCreated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner konnte nicht angelegt werden.</translation>
     </message>
     <message>
         <source>The name has been used!</source>
         <comment>NameUsed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Name ist schon vergeben!</translation>
     </message>
     <message>
         <source>File/folder name cannot exceed 62 bytes.</source>
         <comment>FileNameTooLong</comment>
-        <translation type="unfinished"></translation>
+        <translation>Namen von Dateien und Ordnern haben höchstens 62 Bytes.</translation>
     </message>
     <message>
         <source>File/folder name can't be empty, and can't contain
 one of the following characters:
 \ / : * ? " &lt; &gt; |</source>
         <comment>FileNameNotAllowed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Namen von Dateien und Ordnern dürfen nicht leer sein und
+keines der folgenden Zeichen enthalten:
+\ / : * ? " &lt; &gt; |</translation>
     </message>
     <message>
         <source>There is no enough space on the handset.</source>
         <comment>NoHandsetSpace</comment>
-        <translation type="unfinished"></translation>
+        <translation>Auf dem Telefon ist nicht genug Platz.</translation>
     </message>
     <message>
         <source>Downloading File...</source>
         <comment>DownloadingFile</comment>
-        <translation type="unfinished"></translation>
+        <translation>Datei wird geladen …</translation>
     </message>
     <message>
         <source>Removing Folder...</source>
         <comment>RemovingFolder</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ordner wird entfernt …</translation>
     </message>
     <message>
         <source>Do you want to delete the files ?</source>
         <comment>DeleteFiles</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die Dateien löschen?</translation>
     </message>
     <message>
         <source>Fail to delete file '%s'!</source>
         <comment>NamedFileNotDeleted</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei „%s“ konnte nicht gelöscht werden!</translation>
     </message>
     <message>
         <source>Fail to delete file!</source>
         <comment>FileNotDeleted</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei konnte nicht gelöscht werden!</translation>
     </message>
     <message>
         <source>Fail to delete folder '%s'!</source>
         <comment>NamedFolderNotDeleted</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner „%s“ konnte nicht gelöscht werden!</translation>
     </message>
     <message>
         <source>Failed to query contents of folder!</source>
         <comment>FolderNotQueried</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Inhalt des Ordners konnte nicht gelesen werden!</translation>
     </message>
     <message>
         <source>Fail to download file!</source>
         <comment>FileNotDownloaded</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei konnte nicht geladen werden!</translation>
     </message>
     <message>
         <source>Fail to upload file!</source>
         <comment>FileNotUploaded</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei konnte nicht übertragen werden!</translation>
     </message>
     <message>
         <source>Failed to move file(s)!</source>
         <comment>FilesNotMoved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Dateien konnten nicht verschoben werden!</translation>
     </message>
     <message>
         <source>Fail to rename!</source>
         <comment>NotRenamed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Umbenennen ist fehlgeschlagen!</translation>
     </message>
     <message>
         <source>Select a JAR file</source>
         <comment>SelectJarFile</comment>
-        <translation type="unfinished"></translation>
+        <translation>JAR-Datei wählen</translation>
     </message>
     <message>
         <source>Installing JAVA...</source>
         <comment>InstallingJava</comment>
-        <translation type="unfinished"></translation>
+        <translation>JAVA wird installiert …</translation>
     </message>
     <message>
         <source>The length of file name is too long. Please execute java installation through your handset directly.</source>
         <comment>JavaNameTooLong</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Dateiname ist zu lang. Bitte installieren Sie die Anwendung auf dem Telefon selbst.</translation>
     </message>
     <message>
         <source>Fail to install java. Error: %d</source>
         <comment>JavaNotInstalled</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Anwendung konnte nicht installiert werden. Fehler: %d</translation>
     </message>
     <message>
         <source>Target didn't respond, please check your target for more information.</source>
         <comment>TargetSilent</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Telefon hat nicht geantwortet. Bitte sehen Sie dort nach.</translation>
     </message>
     <message>
         <source>Install finish succesfully!</source>
         <comment>JavaInstalled</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Installation ist abgeschlossen!</translation>
     </message>
     <message>
         <source>Do you want to save the image?</source>
         <comment>SaveImage</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie das Bild speichern?</translation>
     </message>
     <message>
         <source>Fail to save the image file!</source>
         <comment>ImageNotSaved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild konnte nicht gespeichert werden!</translation>
     </message>
     <message>
         <source>It's an invalid image.</source>
         <comment>InvalidImage</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild ist ungültig.</translation>
     </message>
     <message>
         <source>The image can not be previewed by tarnbridge.</source>
         <comment>NoPreview</comment>
-        <translation type="unfinished"></translation>
+        <translation>Tarnbridge kann dieses Bild nicht anzeigen.</translation>
     </message>
     <message>
         <source>Fail to get temp file name !</source>
         <comment>NoTemporaryName</comment>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen freien Namen für eine Zwischendatei!</translation>
     </message>
     <message>
         <source>The image storage of handset is full. Please delete some files first, and then upload again!</source>
         <comment>ImageStorageFull</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Bildspeicher des Telefons ist voll. Bitte löschen Sie zuerst einige Dateien!</translation>
     </message>
     <message>
         <source>The image file will be uploaded with %s file format.</source>
         <comment>ImageFormatOfUpload</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild wird im Format %s übertragen.</translation>
     </message>
     <message>
         <source>Failed to upload!
 
 The maximum file size of uploading is %s!</source>
         <comment>ImageTooLarge</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Übertragung ist fehlgeschlagen!
+
+Die Datei darf höchstens %s groß sein!</translation>
     </message>
     <message>
         <source>Uploading image...</source>
         <comment>UploadingImage</comment>
-        <translation type="unfinished"></translation>
+        <translation>Bild wird übertragen …</translation>
     </message>
     <message>
         <source>Do you want to save the melody?</source>
         <comment>SaveMelody</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die Melodie speichern?</translation>
     </message>
     <message>
         <source>Do you want to delete this track?</source>
         <comment>DeleteTrack</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie diese Spur löschen?</translation>
     </message>
     <message>
         <source>Failed to add new track!</source>
         <comment>TrackNotAdded</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Spur konnte nicht angelegt werden!</translation>
     </message>
     <message>
         <source>There're more than one track. If saved in 'imy' file format, some data will be lost.
 Do you want to continue?</source>
         <comment>TracksWillBeLost</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Melodie hat mehrere Spuren. Im Format „imy“ geht ein Teil davon verloren.
+Möchten Sie fortfahren?</translation>
     </message>
     <message>
         <source>Failed to open melody file!</source>
         <comment>MelodyNotOpened</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Melodie konnte nicht geöffnet werden!</translation>
     </message>
     <message>
         <source>Failed to save melody file!</source>
         <comment>MelodyNotSaved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Melodie konnte nicht gespeichert werden!</translation>
     </message>
     <message>
         <source>Failed to play melody!</source>
         <comment>MelodyNotPlayed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Melodie konnte nicht gespielt werden!</translation>
     </message>
     <message>
         <source>Fail to init the melody synthesizer, please re-install the program!</source>
         <comment>SynthesizerMissing</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Klangerzeugung konnte nicht gestartet werden, bitte installieren Sie das Programm neu!</translation>
     </message>
     <message>
         <source>Could not open temp file</source>
         <comment>TemporaryFileNotOpened</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Zwischendatei konnte nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>Fail to delete MMS message!</source>
         <comment>MmsNotDeleted</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die MMS konnte nicht gelöscht werden!</translation>
     </message>
     <message>
         <source>Fail to delete MMS message '%s'!</source>
         <comment>NamedMmsNotDeleted</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die MMS „%s“ konnte nicht gelöscht werden!</translation>
     </message>
     <message>
         <source>Fail to download MMS file list!</source>
         <comment>MmsListNotDownloaded</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste der MMS konnte nicht geladen werden!</translation>
     </message>
     <message>
         <source>Fail to download MMS message!</source>
         <comment>MmsNotDownloaded</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die MMS konnte nicht geladen werden!</translation>
     </message>
     <message>
         <source>Fail to upload MMS message!</source>
         <comment>MmsNotUploaded</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die MMS konnte nicht übertragen werden!</translation>
     </message>
     <message>
         <source>It is an invalid MMS!</source>
         <comment>InvalidMms</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die MMS ist ungültig!</translation>
     </message>
     <message>
         <source>The max number of recipients is 20!</source>
         <comment>TooManyMmsRecipients</comment>
-        <translation type="unfinished"></translation>
+        <translation>Eine MMS hat höchstens 20 Empfänger!</translation>
     </message>
     <message>
         <source>The recipient address is not allowed.</source>
         <comment>RecipientNotAllowed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Diese Empfängeradresse ist nicht erlaubt.</translation>
     </message>
     <message>
         <source>The maximum of subject is 40 characters or 19 chinese words.</source>
         <comment>SubjectTooLong</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Betreff hat höchstens 40 Zeichen oder 19 chinesische Wörter.</translation>
     </message>
     <message>
         <source>The maximum of slides is 20.</source>
         <comment>TooManySlides</comment>
-        <translation type="unfinished"></translation>
+        <translation>Eine MMS hat höchstens 20 Seiten.</translation>
     </message>
     <message>
         <source>Can't edit this mms, because slide number is larger then 30!</source>
         <comment>TooManySlidesToEdit</comment>
-        <translation type="unfinished"></translation>
+        <translation>Diese MMS hat mehr als 30 Seiten und lässt sich nicht bearbeiten!</translation>
     </message>
     <message>
         <source>The file size is larger than 50KB. The recipients may not view this large message.</source>
         <comment>MmsLarge</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist größer als 50 KB. Vielleicht können die Empfänger sie nicht ansehen.</translation>
     </message>
     <message>
         <source>It can not delete the mms when mms is playing or pause.</source>
         <comment>MmsPlaying</comment>
-        <translation type="unfinished"></translation>
+        <translation>Solange die MMS läuft oder angehalten ist, lässt sie sich nicht löschen.</translation>
     </message>
     <message>
         <source>The MMS's content is empty, it can not be played by tarnbridge!</source>
         <comment>MmsEmpty</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die MMS ist leer, es gibt nichts abzuspielen!</translation>
     </message>
     <message>
         <source>The MMS cannot be played by tarnbridge!</source>
         <comment>MmsNotPlayable</comment>
-        <translation type="unfinished"></translation>
+        <translation>Tarnbridge kann diese MMS nicht abspielen!</translation>
     </message>
     <message>
         <source>Fail to save MMS message!</source>
         <comment>MmsNotSaved</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die MMS konnte nicht gespeichert werden!</translation>
     </message>
     <message>
         <source>Fail to write the file to the disk, maybe the disk is full.</source>
         <comment>MmsNotOnDisk</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei konnte nicht geschrieben werden, vielleicht ist der Datenträger voll.</translation>
     </message>
     <message>
         <source>Can not insert this image</source>
         <comment>ImageNotInserted</comment>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Bild lässt sich nicht einfügen.</translation>
     </message>
     <message>
         <source>AMR files are supported on the phone but 
 can't be played/verified on the current tool.</source>
         <comment>AmrNotPlayable</comment>
-        <translation type="unfinished"></translation>
+        <translation>AMR-Dateien gehen auf dem Telefon, aber 
+nicht in diesem Programm.</translation>
     </message>
     <message>
         <source>Fail to get temp wave file !</source>
         <comment>NoTemporaryWave</comment>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen freien Namen für eine Klangdatei!</translation>
     </message>
     <message>
         <source>Fail to execute AMR decorder program !</source>
         <comment>AmrDecoderFailed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm für AMR-Dateien konnte nicht gestartet werden!</translation>
     </message>
     <message>
         <source>Do you want to delete the MMS message from handset ?</source>
         <comment>DeleteMms</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die MMS vom Telefon löschen?</translation>
     </message>
     <message>
         <source>Do you want to save the MMS message ?</source>
         <comment>SaveMms</comment>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die MMS speichern?</translation>
     </message>
     <message>
         <source>Fail to copy MMS message :</source>
         <comment>MmsNotCopied</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die MMS konnte nicht kopiert werden:</translation>
     </message>
     <message>
         <source>Downloading MMS message ...</source>
         <comment>DownloadingMms</comment>
-        <translation type="unfinished"></translation>
+        <translation>MMS wird geladen …</translation>
     </message>
     <message>
         <source>Uploading MMS message ...</source>
         <comment>UploadingMms</comment>
-        <translation type="unfinished"></translation>
+        <translation>MMS wird übertragen …</translation>
     </message>
     <message>
         <source>Deleting MMS message ...</source>
         <comment>DeletingMms</comment>
-        <translation type="unfinished"></translation>
+        <translation>MMS wird gelöscht …</translation>
     </message>
     <message>
         <source>Installing modem...</source>
         <comment>InstallingModem</comment>
-        <translation type="unfinished"></translation>
+        <translation>Modem wird eingerichtet …</translation>
     </message>
     <message>
         <source>Fail to find the modem!</source>
         <comment>ModemNotFound</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Modem wurde nicht gefunden!</translation>
     </message>
     <message>
         <source>Fail to create an Internet Connection!</source>
         <comment>ConnectionNotCreated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Internetverbindung konnte nicht angelegt werden!</translation>
     </message>
     <message>
         <source>Create connection successfully!</source>
         <comment>ConnectionCreated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Verbindung ist angelegt!</translation>
     </message>
     <message>
         <source>Set APN fail!</source>
         <comment>ApnNotSet</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Zugangspunkt konnte nicht gesetzt werden!</translation>
     </message>
     <message>
         <source>Delete ?</source>
         <comment>DeleteOperator</comment>
-        <translation type="unfinished"></translation>
+        <translation>Löschen?</translation>
     </message>
     <message>
         <source>Can not find the file, please check whether the file        is right or not?</source>
         <comment>DialUpFileMissing</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wurde nicht gefunden. Bitte prüfen Sie, ob sie stimmt.</translation>
     </message>
     <message>
         <source>Opening the port...</source>
         <comment>DialOpeningPort</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Anschluss wird geöffnet …</translation>
     </message>
     <message>
         <source>Port has been opened successfully</source>
         <comment>DialPortOpened</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Anschluss ist geöffnet.</translation>
     </message>
     <message>
         <source>Connecting to the device...</source>
         <comment>DialConnectingDevice</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät wird verbunden …</translation>
     </message>
     <message>
         <source>The device has connected successfully.</source>
         <comment>DialDeviceConnected</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Gerät ist verbunden.</translation>
     </message>
     <message>
         <source>All devices in the device chain have successfully connected.</source>
         <comment>DialAllDevicesConnected</comment>
-        <translation type="unfinished"></translation>
+        <translation>Alle Geräte der Kette sind verbunden.</translation>
     </message>
     <message>
         <source>Verifying the user name and password...</source>
         <comment>DialAuthenticating</comment>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername und Kennwort werden geprüft …</translation>
     </message>
     <message>
         <source>An authentication event has occurred.</source>
         <comment>DialAuthenticationEvent</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung meldet ein Ereignis.</translation>
     </message>
     <message>
         <source>Requested another validation attempt with a new user.</source>
         <comment>DialAuthenticationRetry</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ein weiterer Versuch mit einem neuen Benutzer ist verlangt.</translation>
     </message>
     <message>
         <source>Server has requested a callback number.</source>
         <comment>DialCallbackRequested</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Server verlangt eine Rückrufnummer.</translation>
     </message>
     <message>
         <source>The client has requested to change the password</source>
         <comment>DialChangePassword</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Kennwort soll geändert werden.</translation>
     </message>
     <message>
         <source>Registering your computer on the network...</source>
         <comment>DialRegistering</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ihr Computer wird im Netz angemeldet …</translation>
     </message>
     <message>
         <source>The link-speed calculation phase is starting...</source>
         <comment>DialLinkSpeed</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Geschwindigkeit der Leitung wird bestimmt …</translation>
     </message>
     <message>
         <source>An authentication request is being acknowledged.</source>
         <comment>DialAuthenticationAcknowledged</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung wird bestätigt.</translation>
     </message>
     <message>
         <source>Reauthentication (after callback) is starting.</source>
         <comment>DialReauthenticating</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nach dem Rückruf beginnt die neue Anmeldung.</translation>
     </message>
     <message>
         <source>The user name and password have been verified successfully</source>
         <comment>DialAuthenticated</comment>
-        <translation type="unfinished"></translation>
+        <translation>Benutzername und Kennwort sind richtig.</translation>
     </message>
     <message>
         <source>The line is about to disconnect for callback.</source>
         <comment>DialPrepareCallback</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Leitung wird für den Rückruf getrennt.</translation>
     </message>
     <message>
         <source>Delaying to give the modem time to reset for callback.</source>
         <comment>DialModemReset</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Modem bekommt Zeit, sich für den Rückruf zurückzusetzen.</translation>
     </message>
     <message>
         <source>Waiting for an incoming call from server.</source>
         <comment>DialWaitForCall</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Anruf des Servers wird erwartet.</translation>
     </message>
     <message>
         <source>Projection result information is available.</source>
         <comment>DialProjected</comment>
-        <translation type="unfinished"></translation>
+        <translation>Das Ergebnis der Aushandlung liegt vor.</translation>
     </message>
     <message>
         <source>User authentication is being initiated or retried.</source>
         <comment>DialUserAuthentication</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung beginnt oder wird wiederholt.</translation>
     </message>
     <message>
         <source>Client has been called back and is about to resume authentication.</source>
         <comment>DialCallbackComplete</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Rückruf ist da, die Anmeldung geht weiter.</translation>
     </message>
     <message>
         <source>Logging on to the network...</source>
         <comment>DialLoggingOn</comment>
-        <translation type="unfinished"></translation>
+        <translation>Anmeldung im Netz …</translation>
     </message>
     <message>
         <source>Subentry has been connected</source>
         <comment>DialSubentryConnected</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Untereintrag ist verbunden.</translation>
     </message>
     <message>
         <source>Subentry has been disconnected</source>
         <comment>DialSubentryDisconnected</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Untereintrag ist getrennt.</translation>
     </message>
     <message>
         <source>Terminal state supported by RASPHONE.EXE.</source>
         <comment>DialTerminalState</comment>
-        <translation type="unfinished"></translation>
+        <translation>Terminalzustand von RASPHONE.EXE.</translation>
     </message>
     <message>
         <source>Retry authentication state supported by RASPHONE.EXE.</source>
         <comment>DialRetryState</comment>
-        <translation type="unfinished"></translation>
+        <translation>Zustand „Anmeldung wiederholen“ von RASPHONE.EXE.</translation>
     </message>
     <message>
         <source>Callback state supported by RASPHONE.EXE.</source>
         <comment>DialCallbackState</comment>
-        <translation type="unfinished"></translation>
+        <translation>Rückrufzustand von RASPHONE.EXE.</translation>
     </message>
     <message>
         <source>Change password state supported by RASPHONE.EXE.</source>
         <comment>DialPasswordState</comment>
-        <translation type="unfinished"></translation>
+        <translation>Zustand „Kennwort ändern“ von RASPHONE.EXE.</translation>
     </message>
     <message>
         <source>Connect to remote server successfully!</source>
         <comment>DialConnected</comment>
-        <translation type="unfinished"></translation>
+        <translation>Die Verbindung zum Server steht!</translation>
     </message>
 </context>
 </TS>

@@ -13,7 +13,6 @@ namespace {
 
 constexpr int pictureSide = 64;
 constexpr qreal titleScale = 1.3;
-constexpr int longestLine = 60;  // average characters
 
 }  // namespace
 
@@ -26,7 +25,6 @@ EmptyHint::EmptyHint(const QString& icon, const QString& title, const QString& h
     titleLabel->setFont(font);
     auto* const hintLabel = new QLabel(hint);
     hintLabel->setWordWrap(true);
-    hintLabel->setMinimumWidth(fontMetrics().averageCharWidth() * longestLine);
     setAccessibleName(title);
     setAccessibleDescription(hint);
 
@@ -34,7 +32,7 @@ EmptyHint::EmptyHint(const QString& icon, const QString& title, const QString& h
     for (QLabel* const label : {picture_, titleLabel, hintLabel}) {
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(Qt::AlignCenter);
-        layout_->addWidget(label, 0, Qt::AlignHCenter);
+        layout_->addWidget(label);
     }
     layout_->addStretch(3);
     Draw();

@@ -101,7 +101,9 @@ TEST_F(Dialogs, OfferTheAnswersAskedForAndNoOthers) {
         {AnswerSet::YesNoAll, {"Yes", "Yes to all", "No", "No to all"}},
         {AnswerSet::YesNoAllCancel, {"Yes", "Yes to all", "No", "No to all", "Cancel"}},
     };
-    for (const auto& [set, words] : rows) {
+    for (const auto& row : rows) {
+        const AnswerSet set = row.first;
+        const QStringList& words = row.second;
         for (const QString& choice : words) {
             test::OnDialog(QStringLiteral("question"), [&](QDialog& dialog) {
                 auto& box = static_cast<QMessageBox&>(dialog);
@@ -116,8 +118,7 @@ TEST_F(Dialogs, OfferTheAnswersAskedForAndNoOthers) {
                     if (button->text() == choice) button->click();
                 }
             });
-            const Answer answer =
-                OnAnotherThread([&, set = set] { return user.Ask(u"Delete <b>all</b>?", set); });
+            const Answer answer = OnAnotherThread([&] { return user.Ask(u"Delete <b>all</b>?", set); });
             const QStringList all = {"Yes", "No", "Cancel", "Yes to all", "No to all"};
             EXPECT_EQ(static_cast<int>(answer), all.indexOf(choice));
         }

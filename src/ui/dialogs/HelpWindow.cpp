@@ -42,7 +42,7 @@ HelpWindow::HelpWindow(const QString& file, QWidget* window) : QDialog(window) {
     QPushButton* const contents =
         buttons->addButton(QWords(Word::CommandContents), QDialogButtonBox::ActionRole);
     QPushButton* const back = buttons->addButton(QWords(Word::CommandBack), QDialogButtonBox::ActionRole);
-    buttons->addButton(QWords(Word::CommandClose), QDialogButtonBox::RejectRole);
+    buttons->addButton(QWords(Word::CommandClose), QDialogButtonBox::RejectRole)->setDefault(true);
     back->setEnabled(false);
     connect(contents, &QPushButton::clicked, page, &QTextBrowser::home);
     connect(back, &QPushButton::clicked, page, &QTextBrowser::backward);

@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "ui/Icons.h"
 #include "ui/QtText.h"
 #include "ui/dialogs/FolderDialog.h"
 #include "ui/dialogs/ProgressDialog.h"
@@ -14,6 +15,7 @@ namespace tarnbridge {
 namespace {
 
 constexpr MessageId runInWindow{1};
+constexpr int pictureSide = 32;
 
 using Work = std::function<void()>;
 
@@ -45,11 +47,18 @@ bool Offers(AnswerSet set, Answer answer) {
     return set == AnswerSet::YesNoAll || set == AnswerSet::YesNoAllCancel;
 }
 
-Answer AskIn(QWidget* parent, const std::u16string& words, AnswerSet set) {
-    QMessageBox box(QMessageBox::Question, QWords(Word::ProgramName), ToQString(words), QMessageBox::NoButton,
-                    parent);
-    box.setObjectName(QStringLiteral("question"));
+void Fill(QMessageBox& box, const std::u16string& words, const QString& icon) {
+    box.setWindowTitle(QWords(Word::ProgramName));
+    // What a handset or a file says may look like markup.
     box.setTextFormat(Qt::PlainText);
+    box.setText(ToQString(words));
+    box.setIconPixmap(ThemedIcon(icon).pixmap(QSize(pictureSide, pictureSide), box.devicePixelRatio()));
+}
+
+Answer AskIn(QWidget* parent, const std::u16string& words, AnswerSet set) {
+    QMessageBox box(parent);
+    Fill(box, words, QStringLiteral("help"));
+    box.setObjectName(QStringLiteral("question"));
     const Answer unanswered = Offers(set, Answer::Cancel) ? Answer::Cancel : Answer::No;
     for (const AnswerButton& offered : answerButtons) {
         if (!Offers(set, offered.answer)) continue;
@@ -126,10 +135,10 @@ Answer WindowInteraction::Ask(const std::u16string& words, AnswerSet answers) {
 
 void WindowInteraction::Tell(const std::u16string& words) {
     InWindow<bool>(false, [&](QWidget* parent) {
-        QMessageBox box(QMessageBox::Information, QWords(Word::ProgramName), ToQString(words),
-                        QMessageBox::Ok, parent);
+        QMessageBox box(parent);
+        Fill(box, words, QStringLiteral("info"));
         box.setObjectName(QStringLiteral("note"));
-        box.setTextFormat(Qt::PlainText);
+        box.addButton(QWords(Word::Ok), QMessageBox::AcceptRole);
         box.exec();
         return true;
     });

@@ -32,6 +32,7 @@ namespace {
 
 constexpr const char* placementSection = "Option";
 constexpr const char* placementEntry = "Placement";
+constexpr int paneMargin = 6;
 constexpr int placementDelay = 300;  // milliseconds, so that a move isn't a hundred writes
 constexpr int saveDelay = 1000;      // the same for a change of what the user keeps
 
@@ -83,9 +84,9 @@ CMainFrame::CMainFrame(CTarnbridgeDoc& document, QWidget* parent)
     timer_->setObjectName(QStringLiteral("timer%1").arg(connectionTimer));
     timer_->setInterval(connectionInterval);
     connect(timer_, &QTimer::timeout, this, &CMainFrame::Tick);
-    // What is plugged in is tried at once, not at the next tick.
+    // What is plugged in or out is looked at at once, not at the next tick.
     connect(new PortWatcher(document_.Store(), this), &PortWatcher::changed, this, [this] {
-        if (timer_->isActive() && !document_.Watch().IsConnected()) Tick();
+        if (timer_->isActive()) Tick();
     });
     placementTimer_->setSingleShot(true);
     placementTimer_->setInterval(placementDelay);
@@ -157,6 +158,8 @@ void CMainFrame::MakeStatusBar() {
     model_->setTextFormat(Qt::PlainText);
     connection_ = new ConnectionPane;
     statusBar()->addWidget(formStatus_, 1);
+    for (QLabel* const pane : {formStatus_, port_, model_})
+        pane->setContentsMargins(paneMargin, 0, paneMargin, 0);
     for (QWidget* const pane :
          {static_cast<QWidget*>(port_), static_cast<QWidget*>(model_), static_cast<QWidget*>(connection_)})
         statusBar()->addPermanentWidget(pane);

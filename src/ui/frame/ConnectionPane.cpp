@@ -23,6 +23,7 @@ ConnectionPane::ConnectionPane(QWidget* parent) : QWidget(parent), words_(new QL
     picture_->setObjectName(QStringLiteral("connectionPicture"));
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 4, 0);
+    words_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(words_);
     layout->addWidget(picture_);
     SetConnected(false);

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/app/CTarnbridgeDoc.h"
 #include "core/app/Languages.h"
@@ -19,10 +20,13 @@
 namespace tarnbridge {
 namespace {
 
+constexpr int noteWidth = 40;  // average characters
+
 QLabel* MakeNote() {
     auto* const label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    label->setMinimumWidth(label->fontMetrics().averageCharWidth() * noteWidth);
     // What there is to do may be a command to copy.
     label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     return label;
@@ -80,6 +84,7 @@ CGeneralPage::CGeneralPage(CTarnbridgeDoc& document, QWidget* parent)
     layout->addWidget(MakePhoneGroup());
     layout->addWidget(MakeProgramGroup());
     layout->addStretch(1);
+    AlignLabels();
     setFocusProxy(port_);
     connect(new PortWatcher(document.Store(), this), &PortWatcher::changed, this, &CGeneralPage::ShowPorts);
     ShowState();
@@ -124,6 +129,22 @@ QWidget* CGeneralPage::MakePhoneGroup() {
     form->addRow(QString(), modelFacts_);
     form->addRow(QWords(Word::SettingsState), state_);
     return group;
+}
+
+/// The fields of all groups stand under each other.
+void CGeneralPage::AlignLabels() {
+    QList<QWidget*> labels;
+    int width = 0;
+    for (const QFormLayout* const form : findChildren<QFormLayout*>()) {
+        for (int row = 0; row < form->rowCount(); ++row) {
+            const QLayoutItem* const item = form->itemAt(row, QFormLayout::LabelRole);
+            if (!item || !item->widget()) continue;
+            labels << item->widget();
+            width = std::max(width, item->widget()->sizeHint().width());
+        }
+    }
+    for (QWidget* const label : labels)
+        label->setMinimumWidth(width);
 }
 
 QWidget* CGeneralPage::MakeProgramGroup() {

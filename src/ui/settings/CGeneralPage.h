@@ -31,6 +31,7 @@ Q_SIGNALS:
 private:
     QWidget* MakePhoneGroup();
     QWidget* MakeProgramGroup();
+    void AlignLabels();
     void ChoosePort(int number);
     void AskForDevice();
     void ChooseModel();

@@ -14,6 +14,12 @@
 #include "ui/settings/CSmsSetting.h"
 
 namespace tarnbridge {
+namespace {
+
+/// Fields that are wider only lead the eye astray.
+constexpr int widestPage = 110;  // average characters
+
+}  // namespace
 
 CSettingsFormView::CSettingsFormView(CTarnbridgeDoc& document, QWidget* parent)
     : FormView(document, parent), pages_(new QStackedWidget), pageActions_(new QActionGroup(this)) {
@@ -48,6 +54,7 @@ void CSettingsFormView::AddPage(QWidget* page, const QString& name, const QStrin
     area->setFocusPolicy(Qt::NoFocus);
     area->setFocusProxy(page);
     page->setAccessibleName(name);
+    page->setMaximumWidth(page->fontMetrics().averageCharWidth() * widestPage);
     const int place = pages_->addWidget(area);
     QAction* const action = pageActions_->addAction(ThemedIcon(icon), name);
     action->setCheckable(true);
