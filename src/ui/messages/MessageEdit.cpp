@@ -34,14 +34,14 @@ MessageEdit::MessageEdit(MessageEditor& editor, QWidget* parent) : MessageTextVi
     setReadOnly(false);
     MakeCommands();
     ShowEditor();
-    connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
-        if (showing_) return;
-        editor_.MoveCaret(textCursor().position());
-        Q_EMIT lookChanged();
-    });
-    connect(this, &QTextEdit::selectionChanged, this, [this] {
-        if (!showing_) Q_EMIT lookChanged();
-    });
+    // Selecting all moves the caret without a word of it.
+    for (const auto moved : {&QTextEdit::cursorPositionChanged, &QTextEdit::selectionChanged}) {
+        connect(this, moved, this, [this] {
+            if (showing_) return;
+            editor_.MoveCaret(textCursor().position());
+            Q_EMIT lookChanged();
+        });
+    }
     connect(&Document(), &QTextDocument::contentsChange, this, &MessageEdit::MarkForeignChange);
 }
 
@@ -83,6 +83,8 @@ void MessageEdit::keyPressEvent(QKeyEvent* event) {
     if (foreign_) TakeForeignChange();
     if (HandleKey(*event))
         event->accept();
+    else if (event->key() == Qt::Key_Tab)
+        event->ignore();  // it came to nobody else, and isn't to be written
     else
         MessageTextView::keyPressEvent(event);
 }
@@ -146,8 +148,8 @@ void MessageEdit::inputMethodEvent(QInputMethodEvent* event) {
 
 void MessageEdit::dropEvent(QDropEvent* event) {
     const int position = cursorForPosition(event->position().toPoint()).position();
-    const bool isOwn = event->source() == this || event->source() == viewport();
-    if (isOwn && event->proposedAction() == Qt::MoveAction) {
+    const auto* const part = qobject_cast<const MessageMimeData*>(event->mimeData());
+    if (part && part->IsFrom(this) && event->dropAction() == Qt::MoveAction) {
         Move(Selection(), position);
         // Who began the drag must not take out what has been moved already.
         event->setDropAction(Qt::CopyAction);
@@ -156,8 +158,8 @@ void MessageEdit::dropEvent(QDropEvent* event) {
         QTextCursor cursor = textCursor();
         cursor.setPosition(position);
         setTextCursor(cursor);
-        insertFromMimeData(event->mimeData());
-        event->acceptProposedAction();
+        // What isn't taken must stay where it comes from.
+        event->setAccepted(InsertContent(*event->mimeData()));
     }
     // The rest of what ends a drag here: the mark of the place, scrolling by itself.
     QDragLeaveEvent leave;
@@ -171,15 +173,18 @@ bool MessageEdit::canInsertFromMimeData(const QMimeData* source) const {
 
 QMimeData* MessageEdit::createMimeDataFromSelection() const {
     const Range selection = Selection();
-    return new MessageMimeData(editor_.Fragment(selection.from, selection.to));
+    return new MessageMimeData(editor_.Fragment(selection.from, selection.to), this);
 }
 
 void MessageEdit::insertFromMimeData(const QMimeData* source) {
+    InsertContent(*source);
+}
+
+bool MessageEdit::InsertContent(const QMimeData& source) {
     const Range selection = Selection();
-    if (const auto* const own = qobject_cast<const MessageMimeData*>(source))
-        Take(editor_.Replace(selection.from, selection.to, own->Fragment()));
-    else
-        Insert(selection, source->text());
+    if (const auto* const part = qobject_cast<const MessageMimeData*>(&source))
+        return Take(editor_.Replace(selection.from, selection.to, part->Fragment()));
+    return Insert(selection, source.text());
 }
 
 void MessageEdit::InsertObject(const MessageObject& object) {
@@ -238,8 +243,8 @@ void MessageEdit::Erase(Range range) {
     if (range.from < range.to && range.to > 0) Take(editor_.Delete(range.from, range.to));
 }
 
-void MessageEdit::Insert(Range range, const QString& text) {
-    Take(editor_.Replace(range.from, range.to, ToText(text)));
+bool MessageEdit::Insert(Range range, const QString& text) {
+    return Take(editor_.Replace(range.from, range.to, ToText(text)));
 }
 
 /// In one step, and whole or not at all: what lies between the range and its new place changes sides with it.
@@ -254,15 +259,17 @@ void MessageEdit::Move(Range range, int position) {
     Take(editor_.Replace(std::min(range.from, position), std::max(range.to, position), first));
 }
 
-void MessageEdit::Take(EmsResult result) {
-    if (result == EmsResult::Done) {
-        ShowEditor();
-        Q_EMIT edited();
-        Q_EMIT lookChanged();
-    } else {
+/// Shows the result of a change; whether it was made.
+bool MessageEdit::Take(EmsResult result) {
+    if (result != EmsResult::Done) {
         QApplication::beep();
         Q_EMIT refused(ToQString(editor_.WordsFor(result)));
+        return false;
     }
+    ShowEditor();
+    Q_EMIT edited();
+    Q_EMIT lookChanged();
+    return true;
 }
 
 void MessageEdit::ShowEditor() {

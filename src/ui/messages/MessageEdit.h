@@ -71,9 +71,10 @@ private:
     Range SelectionOr(QTextCursor::MoveOperation move) const;
     bool HandleKey(const QKeyEvent& event);
     void Erase(Range range);
-    void Insert(Range range, const QString& text);
+    bool Insert(Range range, const QString& text);
+    bool InsertContent(const QMimeData& source);
     void Move(Range range, int position);
-    void Take(EmsResult result);
+    bool Take(EmsResult result);
     void ShowEditor();
     void MarkForeignChange();
     void TakeForeignChange();

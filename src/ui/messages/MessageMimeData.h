@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMimeData>
+#include <QPointer>
 
 #include "messaging/MessageFragment.h"
 #include "ui/QtText.h"
@@ -12,14 +13,18 @@ class MessageMimeData : public QMimeData {
     Q_OBJECT
 
 public:
-    explicit MessageMimeData(MessageFragment fragment) : fragment_(std::move(fragment)) {
+    /// \param source  the editor's control
+    MessageMimeData(MessageFragment fragment, const QObject* source)
+        : fragment_(std::move(fragment)), source_(source) {
         setText(ToQString(PlainText(fragment_)));
     }
 
     const MessageFragment& Fragment() const { return fragment_; }
+    bool IsFrom(const QObject* control) const { return source_ == control; }
 
 private:
     const MessageFragment fragment_;
+    const QPointer<const QObject> source_;
 };
 
 }  // namespace tarnbridge
