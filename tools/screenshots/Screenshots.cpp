@@ -25,6 +25,7 @@
 #include <functional>
 #include <thread>
 
+#include "MessageWidgets.h"
 #include "core/app/CTarnbridgeDoc.h"
 #include "core/base/Settings.h"
 #include "platform/PortMap.h"
@@ -131,6 +132,8 @@ public:
         }
         ShowDialogs();
         ShowIcons();
+        ShowMessageWidgets(*program_.Document(),
+                           [this](QWidget& widget, const QString& name) { Grab(widget, name); });
     }
 
 private:

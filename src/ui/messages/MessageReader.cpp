@@ -51,6 +51,7 @@ MessageReader::MessageReader(QWidget* parent)
     auto* const header = new QFormLayout;
     header->setContentsMargins(8, 6, 8, 6);
     header->setVerticalSpacing(2);
+    header->setHorizontalSpacing(8);
     AddLine(*header, addressTitle_, address_, "readerAddress");
     AddLine(*header, new QLabel(QWords(Word::ReaderTime)), time_, "readerTime");
     AddLine(*header, new QLabel(QWords(Word::ReaderFolder)), folder_, "readerFolder");
