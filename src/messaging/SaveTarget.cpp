@@ -6,7 +6,7 @@ namespace tarnbridge {
 
 std::optional<SaveTarget> AskSaveTarget(const MessageTree& tree, const SaveOffer& offer,
                                         UserInteraction& user) {
-    FolderQuestion question{.title = Words(Word::SaveMessagesTo), .suggestedMemory = offer.preferredMemory};
+    FolderQuestion question{.title = Words(Word::SaveMessageTo), .suggestedMemory = offer.preferredMemory};
     std::vector<MessageFolder*> folders;
 
     struct Waiting {

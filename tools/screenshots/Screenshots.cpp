@@ -9,18 +9,23 @@
 #include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLoggingCategory>
+#include <QMessageBox>
 #include <QPalette>
+#include <QPushButton>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <thread>
 
+#include "MessageWidgets.h"
 #include "core/app/CTarnbridgeDoc.h"
 #include "core/base/Settings.h"
 #include "platform/PortMap.h"
@@ -33,6 +38,7 @@
 #include "ui/frame/CMainFrame.h"
 #include "ui/frame/CTarnbridgeApp.h"
 #include "ui/frame/ViewTable.h"
+#include "ui/messages/CSmsFormView.h"
 #include "ui/settings/CSettingsFormView.h"
 
 namespace tarnbridge {
@@ -121,9 +127,13 @@ public:
             } else {
                 Grab(frame, QLatin1String(view.icon));
             }
+            if (auto* const messages = qobject_cast<CSmsFormView*>(frame.ActiveForm()))
+                ShowMessages(*messages);
         }
         ShowDialogs();
         ShowIcons();
+        ShowMessageWidgets(*program_.Document(),
+                           [this](QWidget& widget, const QString& name) { Grab(widget, name); });
     }
 
 private:
@@ -145,6 +155,36 @@ private:
         });
         look.start(1);
         open();
+    }
+
+    /// The demonstration's messages, read from the handset: a picture message, and several selected ones.
+    void ShowMessages(CSmsFormView& form) {
+        QTimer answer;
+        QObject::connect(&answer, &QTimer::timeout, &answer, [] {
+            auto* const question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (question) question->defaultButton()->click();
+        });
+        answer.start(1);
+        form.Commands().Get(MessageCommands::ReadMessages)->trigger();
+        Settle([this] { return program_.Document()->viewSwitchAllowed; }, "messages");
+        answer.stop();
+        auto* const list = form.findChild<QTreeView*>(QStringLiteral("messages"));
+        const auto select = [list](const char* text) {
+            const QModelIndexList found = list->model()->match(list->model()->index(0, 3), Qt::DisplayRole,
+                                                               QLatin1String(text), 1, Qt::MatchStartsWith);
+            if (found.isEmpty()) Fail("no such message in the demonstration");
+            list->selectionModel()->setCurrentIndex(
+                found[0], QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        };
+        select("Goal");
+        Grab(*program_.Frame(), QStringLiteral("messages-read"));
+        auto* const find = form.findChild<QLineEdit*>(QStringLiteral("find"));
+        find->setText(QStringLiteral("+1555010021"));
+        list->selectAll();
+        Grab(*program_.Frame(), QStringLiteral("messages-found"));
+        find->setText(QStringLiteral("nothing like it"));
+        Grab(*program_.Frame(), QStringLiteral("messages-nothing"));
+        find->clear();
     }
 
     /// All drawings with their names, at three sizes.

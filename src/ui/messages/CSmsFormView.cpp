@@ -29,7 +29,7 @@ constexpr const char* sortingProperty = "messageSorting";
 constexpr const char* folderProperty = "messageFolder";
 
 constexpr int defaultSplitter[] = {190, 600, 280, 220};
-constexpr int defaultColumns[] = {70, 150, 150, 400};
+constexpr int defaultColumns[] = {10, 24, 26, 40};  // in characters
 constexpr int narrowest = 20;
 constexpr int widest = 10'000;
 
@@ -106,6 +106,7 @@ CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent)
     for (QSplitter* const splitter : {splitter_, messageSplitter_})
         splitter->setChildrenCollapsible(false);
     auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter_);
     setFocusProxy(tree_);
 
@@ -273,8 +274,12 @@ void CSmsFormView::RestoreState() {
     const auto sizes = SizesOr(settings.GetList(SettingIndex::SmsSplitter), defaultSplitter);
     splitter_->setSizes({sizes[0], sizes[1]});
     messageSplitter_->setSizes({sizes[2], sizes[3]});
-    const auto columns = SizesOr(settings.GetList(SettingIndex::SmsColumns), defaultColumns);
-    for (int column = 0; column < MessageListModel::ColumnCount; ++column)
+    int characters[MessageListModel::ColumnCount];
+    for (size_t column = 0; column < std::size(characters); ++column)
+        characters[column] = defaultColumns[column] * fontMetrics().averageCharWidth();
+    const auto columns = SizesOr(settings.GetList(SettingIndex::SmsColumns), characters);
+    // The last one takes the room that is left.
+    for (int column = 0; column < MessageListModel::TextColumn; ++column)
         list_->header()->resizeSection(column, columns[static_cast<size_t>(column)]);
 
     const QVariantList sorting = parentWidget()->property(sortingProperty).toList();

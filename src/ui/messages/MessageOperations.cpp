@@ -74,7 +74,7 @@ void MessageOperations::Read() {
         std::u16string words;
         if (report.noMemory) words = Words(Word::NoMessageInHandset);
         if (!report.unread.empty())
-            AddLine(words, Words(Word::MessagesNotRead, {static_cast<int64_t>(report.unread.size())}));
+            AddLine(words, Words(Word::MessagesUnread, {static_cast<int64_t>(report.unread.size())}));
         Report(*download, {}, std::move(words));
     });
 }
