@@ -70,18 +70,18 @@ TEST_F(FrameTest, EveryFeatureAndCommandIsReachedByTheKeyboard) {
     EXPECT_EQ(OpenView(), messages) << "the arrow keys go through the column";
 
     Frame().Choose(settings);
-    const QStringList menus = [&] {
+    const auto menus = [&] {
         QStringList titles;
         for (const QAction* const action : Frame().menuBar()->actions())
             titles << action->text();
         return titles;
-    }();
-    EXPECT_EQ(menus, QStringList({"&File", "&Settings", "&View", "&Help"}));
+    };
+    EXPECT_EQ(menus(), QStringList({"&File", "&Settings", "&View", "&Help"}));
     for (QToolButton* const button : Find<QToolBar>(QStringLiteral("toolbar")).findChildren<QToolButton*>()) {
         EXPECT_TRUE(!button->isVisible() || (button->focusPolicy() & Qt::TabFocus));
     }
     Frame().Choose(messages);
-    EXPECT_EQ(Frame().menuBar()->actions().size(), 3) << "the menu goes with its view";
+    EXPECT_FALSE(menus().contains(QStringLiteral("&Settings"))) << "the menu goes with its view";
 }
 
 TEST_F(FrameTest, WhatIsShownHasANameForThoseWhoCannotSeeIt) {
