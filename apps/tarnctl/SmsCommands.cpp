@@ -1,11 +1,12 @@
 // sms raw-list, join.
 
+#include "tarnctl/SmsCommands.h"
+
 #include <fmt/format.h>
 
 #include "tarnctl/Command.h"
 #include "tarnctl/Connection.h"
 #include "tarnctl/Input.h"
-#include "tarnctl/MessageCommands.h"
 #include "tarnctl/Output.h"
 #include "tarnctl/PduJson.h"
 
