@@ -17,9 +17,9 @@
 #include "messaging/MessageTransfer.h"
 #include "platform/Files.h"
 #include "platform/Text.h"
-#include "tarnctl/MessageCommands.h"
 #include "tarnctl/MessageDesk.h"
 #include "tarnctl/MessageJson.h"
+#include "tarnctl/SmsCommands.h"
 
 namespace tarnbridge {
 namespace {

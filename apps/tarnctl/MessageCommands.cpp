@@ -1,7 +1,5 @@
 // sms list, read, delete, copy, move, folders, export, import.
 
-#include "tarnctl/MessageCommands.h"
-
 #include <set>
 
 #include <fmt/format.h>
@@ -15,6 +13,7 @@
 #include "platform/Text.h"
 #include "tarnctl/MessageDesk.h"
 #include "tarnctl/MessageJson.h"
+#include "tarnctl/SmsCommands.h"
 
 namespace tarnbridge {
 namespace {

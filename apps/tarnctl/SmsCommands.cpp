@@ -1,5 +1,7 @@
 // sms raw-list, join.
 
+#include "tarnctl/SmsCommands.h"
+
 #include <fmt/format.h>
 
 #include "messaging/MessageMemory.h"
@@ -7,7 +9,6 @@
 #include "tarnctl/Command.h"
 #include "tarnctl/Connection.h"
 #include "tarnctl/Input.h"
-#include "tarnctl/MessageCommands.h"
 #include "tarnctl/Output.h"
 #include "tarnctl/PduJson.h"
 
