@@ -87,6 +87,7 @@ void ATChannel::Begin(LinkPort& port, std::string_view text, bool awaitPrompt, b
     port.Flush();
     port.ResultReadyEvent().Reset();
     port.PromptEvent().Reset();
+    port.BrokenOffEvent().Reset();
     port.CommandActiveEvent().Set();
     port.SetAwaitPrompt(awaitPrompt);
     port.SetExpectedPrefix(result.prefix);
@@ -133,7 +134,8 @@ bool ATChannel::ExecTwoStage(std::string_view text, std::string_view body, Milli
         port->SetAwaitPrompt(false);
         return giveUp(ATResult::NotSent);
     }
-    if (!clock_.Wait(port->PromptEvent(), WaitTime(timeout))) return giveUp(ATResult::NoResult);
+    Event* const answers[] = {&port->PromptEvent(), &port->BrokenOffEvent()};
+    if (clock_.WaitAny(answers, WaitTime(timeout)) != 0) return giveUp(ATResult::NoResult);
     if (!port->Write(body)) {
         port->SetAwaitPrompt(false);
         return giveUp(ATResult::NotSent);

@@ -21,8 +21,10 @@ namespace tarnbridge {
 /// | result taken | caller, also one that has given up | read thread, without limit |
 /// | command active | caller | read thread, asked: without it a result is thrown away |
 /// | flush done | read thread | Flush |
-/// | abort | whoever ends a stalled transfer | read thread, each round: hands over an empty result |
-/// | cancel | Flush, a caller that gives up | read thread, each round and byte: forgets what it has in hand |
+/// | abort | whoever ends a stalled transfer; read thread, when the device has hung up | read thread, each
+/// round: hands over an empty result | | broken off | read thread, with that empty result | a caller that
+/// waits for the prompt | | cancel | Flush, a caller that gives up | read thread, each round and byte:
+/// forgets what it has in hand |
 class LinkPort : public WorkerThread {
 public:
     /// Sends all the bytes; false after a second failure.
@@ -40,6 +42,7 @@ public:
     virtual Event& CommandActiveEvent() = 0;
     virtual Event& FlushDoneEvent() = 0;
     virtual Event& AbortEvent() = 0;
+    virtual Event& BrokenOffEvent() = 0;
     virtual Event& CancelEvent() = 0;
 
     /// Throws away what is queued and has the read thread forget what it has in hand; waits for that at most

@@ -81,6 +81,8 @@ void SerialPort::Run() {
         if (readCount > 0) {
             reader_.Feed({readBuffer.data(), static_cast<size_t>(readCount)});
         } else {
+            // Nobody answers any more: who waits is freed at once.
+            if (device_->HungUp()) abort_.Set();
             device_->WaitReadable(roundTime);
         }
     }
@@ -102,6 +104,7 @@ void SerialPort::ServeSignals() {
     if (!aborted) return;
     if (someoneWaits) {
         reader_.BreakOff(ATResult::NoResult);
+        brokenOff_.Set();
         HandOver();
     }
     abort_.Reset();

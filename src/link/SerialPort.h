@@ -33,6 +33,7 @@ public:
     Event& CommandActiveEvent() override { return commandActive_; }
     Event& FlushDoneEvent() override { return flushDone_; }
     Event& AbortEvent() override { return abort_; }
+    Event& BrokenOffEvent() override { return brokenOff_; }
     Event& CancelEvent() override { return cancel_; }
     void Flush() override;
     void FetchResult(ATResult& result) override { reader_.FetchResult(result); }
@@ -73,6 +74,7 @@ private:
     Event commandActive_{ResetMode::Manual};
     Event flushDone_{ResetMode::Manual};
     Event abort_{ResetMode::Manual};
+    Event brokenOff_{ResetMode::Manual};
     std::atomic<bool> abortParse{false};
 
     LineReader reader_;

@@ -10,7 +10,8 @@ namespace tarnbridge {
 
 /// What became of one message in a task.
 struct MessageOutcome {
-    enum State { NotTried, Done, Failed };
+    enum class State { NotTried, Done, Failed };
+    using enum State;
 
     void Fail(Word why, int handsetError = -1, std::vector<int> locations = {});
 

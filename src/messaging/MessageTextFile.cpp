@@ -98,6 +98,11 @@ MessageExport WriteMessageText(std::span<const SmsRecord* const> records, const 
 
 Result<MessageExport> ExportMessages(const std::filesystem::path& path,
                                      std::span<const SmsRecord* const> records, const CodePage& page) {
+    // A mistyped folder isn't made.
+    std::error_code error;
+    const std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
+    if (!std::filesystem::is_directory(folder, error))
+        return SystemFailure{ENOENT, folder.string() + ": there is no such folder"};
     MessageExport result;
     const Outcome outcome = WriteFileAtomically(
         path, [&](const ByteSink& sink) { result = WriteMessageText(records, sink, page); });

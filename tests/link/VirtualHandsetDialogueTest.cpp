@@ -249,5 +249,35 @@ TEST_F(VirtualHandsetDialogue, TheHandsetIsFoundAsItWasLeft) {
     EXPECT_EQ(handset.Count("AT+ESLP=1"), 1u);
 }
 
+TEST_F(VirtualHandsetDialogue, APulledPlugAndACancelEndEveryWaitAtOnce) {
+    // None of these waits has a limit of its own: for a result, a prompt, and a result after the body.
+    handset.Script("AT+CSQ", "");
+    handset.Script("AT+CMGS=8", "");
+    handset.Script("AT+CMGW=8", "\r\n> ");
+    for (const char* const command : {"AT+CSQ", "AT+CMGS=8", "AT+CMGW=8"}) {
+        for (const bool unplug : {true, false}) {
+            ASSERT_TRUE(Connect() && link.EnsureSession());
+            handset.ForgetCommands();
+            std::thread other([&] {
+                EXPECT_TRUE(handset.AwaitCommand(command));
+                if (unplug)
+                    handset.Unplug();
+                else
+                    link.BreakExchange();
+            });
+            const std::string text = std::string(command) + "\r";
+            ATResult result;
+            if (text.starts_with("AT+CM")) {
+                EXPECT_FALSE(link.ExecTwoStage(text, "00\x1A", 0, result)) << command;
+            } else {
+                EXPECT_FALSE(link.ExecCommand(text, 0, false, result)) << command;
+            }
+            other.join();
+            link.Disconnect(false);
+            if (unplug) handset.Plug();
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tarnbridge
