@@ -4,11 +4,13 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <QThread>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -34,6 +36,7 @@ constexpr const char* placementSection = "Option";
 constexpr const char* placementEntry = "Placement";
 constexpr int paneMargin = 6;
 constexpr int placementDelay = 300;  // milliseconds, so that a move isn't a hundred writes
+constexpr int retryDelay = 20;       // until a dialog that is given up has gone
 constexpr int saveDelay = 1000;      // the same for a change of what the user keeps
 
 /// The rectangle if its title can be reached on some screen; otherwise one of that size, as far as there is
@@ -284,6 +287,7 @@ void CMainFrame::TakeCheckResult(bool answers) {
 }
 
 void CMainFrame::BringToFront() {
+    if (closing_) return;
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     QWidget* const dialog = QApplication::activeModalWidget();
@@ -339,16 +343,29 @@ void CMainFrame::SaveSoon() {
     if (!closing_ && !saveTimer_->isActive()) saveTimer_->start();
 }
 
+/// A dialog that is open, as when the system ends the program, belongs to a view that waits for its answer.
+/// It is given up, and the close is tried again when the view has come back. Whether there was one.
+bool CMainFrame::EndDialogs() {
+    if (QThread::currentThread()->loopLevel() <= 1) return false;
+    for (QWidget* const open : {QApplication::activePopupWidget(), QApplication::activeModalWidget()}) {
+        if (open) open->close();
+    }
+    QTimer::singleShot(retryDelay, this, &QWidget::close);
+    return true;
+}
+
 void CMainFrame::closeEvent(QCloseEvent* event) {
     // The window goes when the document is closed, which may have to wait for the handset.
     event->ignore();
-    if (closing_ || (form_ && !form_->MayLeave())) return;
+    if (closing_ || EndDialogs() || (form_ && !form_->MayLeave())) return;
     StopConnectionTimer();
     placementTimer_->stop();
     if (placed_) StorePlacement();
     closing_ = true;
     saveTimer_->stop();
     hide();
+    for (QDialog* const window : findChildren<QDialog*>())
+        window->close();
     delete toolbar_;
     delete form_;
     document_.Close();

@@ -78,6 +78,7 @@ private:
     void Tick();
     intptr_t Receive(Message& message);
     void TakeCheckResult(bool answers);
+    bool EndDialogs();
     void PlaceWindow();
     void StorePlacement();
     void SaveSoon();
