@@ -103,7 +103,7 @@ bool Window::AwaitWords(const QString& words) {
 }
 
 int Window::OpenView() {
-    return Frame().ActiveForm()->property("view").toInt();
+    return Frame().OpenView();
 }
 
 }  // namespace tarnbridge::test

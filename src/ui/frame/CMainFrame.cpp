@@ -97,7 +97,7 @@ CMainFrame::CMainFrame(CTarnbridgeDoc& document, QWidget* parent)
     saveTimer_->setObjectName(QStringLiteral("saveTimer"));
     saveTimer_->setSingleShot(true);
     saveTimer_->setInterval(saveDelay);
-    connect(saveTimer_, &QTimer::timeout, this, [this] { document_.Save(); });
+    connect(saveTimer_, &QTimer::timeout, this, [this] { document_.SaveContent(); });
 
     MakeMenus();
     MakeStatusBar();
@@ -170,17 +170,12 @@ void CMainFrame::MakeStatusBar() {
 
 void CMainFrame::Choose(int number) {
     const ViewEntry& view = ViewToOpen(number, document_.Model().second);
-    const int current = document_.Preferences().GetNumber(SettingIndex::View);
-    const bool same = form_ && form_->property("view").toInt() == view.number;
-    if (!same && document_.viewSwitchAllowed && (!form_ || form_->MayLeave())) {
+    if (view.number != openView_ && document_.viewSwitchAllowed && form_->MayLeave()) {
         Open(view);
-        if (current != number) document_.Preferences().SetNumber(SettingIndex::View, number);
+        document_.Preferences().SetNumber(SettingIndex::View, openView_);
     }
     // A button that was pressed in vain goes back up.
-    const int shown = form_->property("view").toInt();
-    features_->SetCurrent(shown);
-    for (QAction* const action : viewActions_->actions())
-        action->setChecked(action->data().toInt() == shown);
+    MarkOpenView();
 }
 
 void CMainFrame::Open(const ViewEntry& view) {
@@ -193,7 +188,7 @@ void CMainFrame::Open(const ViewEntry& view) {
 
     form_ = view.makeForm(document_, centralWidget());
     form_->setObjectName(QStringLiteral("form"));
-    form_->setProperty("view", view.number);
+    openView_ = view.number;
     form_->setAccessibleName(QWords(view.name));
     connect(form_, &FormView::statusChanged, formStatus_, &QLabel::setText);
     connect(form_, &FormView::modelChanged, this, &CMainFrame::ShowModel);
@@ -211,9 +206,13 @@ void CMainFrame::Open(const ViewEntry& view) {
     formStatus_->setText(form_->Status());
     for (QMenu* const menu : form_->Menus())
         formMenus_ << menuBar()->insertMenu(firstFixedMenu_, menu);
-    features_->SetCurrent(view.number);
+    MarkOpenView();
+}
+
+void CMainFrame::MarkOpenView() {
+    features_->SetCurrent(openView_);
     for (QAction* const action : viewActions_->actions())
-        action->setChecked(action->data().toInt() == view.number);
+        action->setChecked(action->data().toInt() == openView_);
 }
 
 void CMainFrame::ShowModel() {
