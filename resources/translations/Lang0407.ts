@@ -530,6 +530,21 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Nachricht wird gelesen …</translation>
     </message>
     <message>
+        <source>Reading messages from %s</source>
+        <comment>ReadingMessagesFrom</comment>
+        <translation>Nachrichten werden gelesen: %s</translation>
+    </message>
+    <message>
+        <source>Copying messages...</source>
+        <comment>CopyingMessages</comment>
+        <translation>Nachrichten werden kopiert …</translation>
+    </message>
+    <message>
+        <source>Deleting messages...</source>
+        <comment>DeletingMessages</comment>
+        <translation>Nachrichten werden gelöscht …</translation>
+    </message>
+    <message>
         <source>There is no available message in handset!</source>
         <comment>NoMessageInHandset</comment>
         <translation>Auf dem Telefon ist keine Nachricht!</translation>
@@ -635,6 +650,66 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Nachrichten werden gesendet …</translation>
     </message>
     <message>
+        <source>The handset can't store messages in its Inbox. They lie in its Draft folder.</source>
+        <comment>StoredAsDraft</comment>
+        <translation>Das Telefon kann keine Nachrichten in seinem Eingang ablegen. Sie liegen in seinen Entwürfen.</translation>
+    </message>
+    <message>
+        <source>A copy is kept in the Draft folder of the PC.</source>
+        <comment>CopyKeptInDraft</comment>
+        <translation>Eine Kopie liegt in den Entwürfen des PCs.</translation>
+    </message>
+    <message>
+        <source>Locations of the handset that still hold parts of it: %s</source>
+        <comment>LocationsLeft</comment>
+        <translation>Speicherplätze des Telefons, auf denen noch Teile davon liegen: %s</translation>
+    </message>
+    <message>
+        <source>The handset gave error %d.</source>
+        <comment>HandsetError</comment>
+        <translation>Das Telefon meldet den Fehler %d.</translation>
+    </message>
+    <message>
+        <source>The handset doesn't answer any more.</source>
+        <comment>HandsetLost</comment>
+        <translation>Das Telefon antwortet nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <comment>ColumnMemory</comment>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <comment>ColumnFrom</comment>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <comment>ColumnTo</comment>
+        <translation>An</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <comment>ColumnTime</comment>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <comment>ColumnMessage</comment>
+        <translation>Nachricht</translation>
+    </message>
+    <message>
+        <source>To %s, %s</source>
+        <comment>MessageTo</comment>
+        <translation>An %s, %s</translation>
+    </message>
+    <message>
+        <source>From %s, %s</source>
+        <comment>MessageFrom</comment>
+        <translation>Von %s, %s</translation>
+    </message>
+    <message>
         <source>Success</source>
         <comment>SendSuccess</comment>
         <translation>Gesendet</translation>
@@ -658,6 +733,21 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <source>Fail to import message from file!</source>
         <comment>MessagesNotImported</comment>
         <translation>Die Nachrichten konnten nicht aus der Datei gelesen werden!</translation>
+    </message>
+    <message>
+        <source>%d / %d (%s = %d SMS)</source>
+        <comment>SmsCounter</comment>
+        <translation>%d / %d (%s = %d SMS)</translation>
+    </message>
+    <message>
+        <source>%d / %d (%s = %d EMS)</source>
+        <comment>EmsCounter</comment>
+        <translation>%d / %d (%s = %d EMS)</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <comment>CounterTotal</comment>
+        <translation>Gesamt</translation>
     </message>
     <message>
         <source>Invalid Object!</source>
@@ -698,6 +788,856 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <source>Unspecified Error!</source>
         <comment>EmsUnspecified</comment>
         <translation>Unbekannter Fehler!</translation>
+    </message>
+    <message>
+        <source>New message</source>
+        <comment>EditorNewMessage</comment>
+        <translation>Neue Nachricht</translation>
+    </message>
+    <message>
+        <source>Message to %s</source>
+        <comment>EditorMessageTo</comment>
+        <translation>Nachricht an %s</translation>
+    </message>
+    <message>
+        <source>Text of the message</source>
+        <comment>EditorText</comment>
+        <translation>Text der Nachricht</translation>
+    </message>
+    <message>
+        <source>Length of the message</source>
+        <comment>EditorLength</comment>
+        <translation>Länge der Nachricht</translation>
+    </message>
+    <message>
+        <source>&amp;To:</source>
+        <comment>RecipientsLabel</comment>
+        <translation>A&amp;n:</translation>
+    </message>
+    <message>
+        <source>Numbers, with commas between them</source>
+        <comment>RecipientsHint</comment>
+        <translation>Nummern, durch Kommas getrennt</translation>
+    </message>
+    <message>
+        <source>Add from phonebook</source>
+        <comment>AddFromPhonebook</comment>
+        <translation>Aus dem Telefonbuch hinzufügen</translation>
+    </message>
+    <message>
+        <source>There are no contacts yet.</source>
+        <comment>NoContactsYet</comment>
+        <translation>Es gibt noch keine Kontakte.</translation>
+    </message>
+    <message>
+        <source>&amp;Message</source>
+        <comment>MenuMessage</comment>
+        <translation>&amp;Nachricht</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <comment>MenuEdit</comment>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>F&amp;ormat</source>
+        <comment>MenuFormat</comment>
+        <translation>F&amp;ormat</translation>
+    </message>
+    <message>
+        <source>&amp;Insert</source>
+        <comment>MenuInsert</comment>
+        <translation>Ein&amp;fügen</translation>
+    </message>
+    <message>
+        <source>&amp;Send</source>
+        <comment>CommandSend</comment>
+        <translation>&amp;Senden</translation>
+    </message>
+    <message>
+        <source>S&amp;ave...</source>
+        <comment>CommandSave</comment>
+        <translation>S&amp;peichern …</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <comment>CommandUndo</comment>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <comment>CommandRedo</comment>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <comment>CommandCut</comment>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <comment>CommandCopy</comment>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <comment>CommandPaste</comment>
+        <translation>E&amp;infügen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <comment>CommandDelete</comment>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <comment>CommandSelectAll</comment>
+        <translation>Alles aus&amp;wählen</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;in</source>
+        <comment>CommandZoomIn</comment>
+        <translation>&amp;Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;out</source>
+        <comment>CommandZoomOut</comment>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Normal size</source>
+        <comment>CommandZoomReset</comment>
+        <translation>&amp;Normale Größe</translation>
+    </message>
+    <message>
+        <source>&amp;Bold</source>
+        <comment>FormatBold</comment>
+        <translation>&amp;Fett</translation>
+    </message>
+    <message>
+        <source>&amp;Italic</source>
+        <comment>FormatItalic</comment>
+        <translation>&amp;Kursiv</translation>
+    </message>
+    <message>
+        <source>&amp;Underline</source>
+        <comment>FormatUnderline</comment>
+        <translation>&amp;Unterstrichen</translation>
+    </message>
+    <message>
+        <source>Stri&amp;kethrough</source>
+        <comment>FormatStrikethrough</comment>
+        <translation>&amp;Durchgestrichen</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <comment>FormatSize</comment>
+        <translation>&amp;Größe</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <comment>SizeSmall</comment>
+        <translation>Klein</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <comment>SizeNormal</comment>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <comment>SizeLarge</comment>
+        <translation>Groß</translation>
+    </message>
+    <message>
+        <source>&amp;Alignment</source>
+        <comment>FormatAlignment</comment>
+        <translation>&amp;Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <comment>AlignLeft</comment>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <comment>AlignCentre</comment>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <comment>AlignRight</comment>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Text &amp;colour</source>
+        <comment>FormatForeground</comment>
+        <translation>&amp;Textfarbe</translation>
+    </message>
+    <message>
+        <source>Back&amp;ground colour</source>
+        <comment>FormatBackground</comment>
+        <translation>&amp;Hintergrundfarbe</translation>
+    </message>
+    <message>
+        <source>%s (default)</source>
+        <comment>ColourDefault</comment>
+        <translation>%s (Standard)</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <comment>ColourBlack</comment>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>Dark grey</source>
+        <comment>ColourDarkGrey</comment>
+        <translation>Dunkelgrau</translation>
+    </message>
+    <message>
+        <source>Dark red</source>
+        <comment>ColourDarkRed</comment>
+        <translation>Dunkelrot</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <comment>ColourOrange</comment>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <comment>ColourGreen</comment>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <comment>ColourTeal</comment>
+        <translation>Blaugrün</translation>
+    </message>
+    <message>
+        <source>Dark blue</source>
+        <comment>ColourDarkBlue</comment>
+        <translation>Dunkelblau</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <comment>ColourPurple</comment>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <comment>ColourGrey</comment>
+        <translation>Grau</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <comment>ColourWhite</comment>
+        <translation>Weiß</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <comment>ColourRed</comment>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <comment>ColourYellow</comment>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Bright green</source>
+        <comment>ColourBrightGreen</comment>
+        <translation>Hellgrün</translation>
+    </message>
+    <message>
+        <source>Cyan</source>
+        <comment>ColourCyan</comment>
+        <translation>Cyan</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <comment>ColourBlue</comment>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <comment>ColourMagenta</comment>
+        <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>Insert picture</source>
+        <comment>InsertPicture</comment>
+        <translation>Bild einfügen</translation>
+    </message>
+    <message>
+        <source>Insert sound</source>
+        <comment>InsertSound</comment>
+        <translation>Klang einfügen</translation>
+    </message>
+    <message>
+        <source>Insert animation</source>
+        <comment>InsertAnimation</comment>
+        <translation>Animation einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;From file...</source>
+        <comment>InsertFromFile</comment>
+        <translation>Aus &amp;Datei …</translation>
+    </message>
+    <message>
+        <source>Pictures for messages</source>
+        <comment>PictureFiles</comment>
+        <translation>Bilder für Nachrichten</translation>
+    </message>
+    <message>
+        <source>iMelody files</source>
+        <comment>MelodyFiles</comment>
+        <translation>iMelody-Dateien</translation>
+    </message>
+    <message>
+        <source>Only pictures of black and white go into a message.</source>
+        <comment>PictureNotMonochrome</comment>
+        <translation>In eine Nachricht passen nur Bilder in Schwarz und Weiß.</translation>
+    </message>
+    <message>
+        <source>A picture in a message has at most 255 pixels a side.</source>
+        <comment>PictureTooLong</comment>
+        <translation>Ein Bild in einer Nachricht ist höchstens 255 Pixel breit und hoch.</translation>
+    </message>
+    <message>
+        <source>The picture is too large for a message.</source>
+        <comment>PictureTooLarge</comment>
+        <translation>Das Bild ist für eine Nachricht zu groß.</translation>
+    </message>
+    <message>
+        <source>It's not an iMelody file.</source>
+        <comment>FileNotIMelody</comment>
+        <translation>Das ist keine iMelody-Datei.</translation>
+    </message>
+    <message>
+        <source>The melody is too large for a message.</source>
+        <comment>MelodyTooLarge</comment>
+        <translation>Die Melodie ist für eine Nachricht zu groß.</translation>
+    </message>
+    <message>
+        <source>Sound %d</source>
+        <comment>ObjectSound</comment>
+        <translation>Klang %d</translation>
+    </message>
+    <message>
+        <source>Melody</source>
+        <comment>ObjectMelody</comment>
+        <translation>Melodie</translation>
+    </message>
+    <message>
+        <source>Animation %d</source>
+        <comment>ObjectPredefinedAnimation</comment>
+        <translation>Animation %d</translation>
+    </message>
+    <message>
+        <source>Animation, %d x %d</source>
+        <comment>ObjectAnimation</comment>
+        <translation>Animation, %d × %d</translation>
+    </message>
+    <message>
+        <source>Picture, %d x %d</source>
+        <comment>ObjectPicture</comment>
+        <translation>Bild, %d × %d</translation>
+    </message>
+    <message>
+        <source>Contact card</source>
+        <comment>ObjectCard</comment>
+        <translation>Visitenkarte</translation>
+    </message>
+    <message>
+        <source>Calendar entry</source>
+        <comment>ObjectCalendar</comment>
+        <translation>Kalendereintrag</translation>
+    </message>
+    <message>
+        <source>%s: %s</source>
+        <comment>ObjectNamed</comment>
+        <translation>%s: %s</translation>
+    </message>
+    <message>
+        <source>Chimes high</source>
+        <comment>SoundChimesHigh</comment>
+        <translation>Glockenspiel hoch</translation>
+    </message>
+    <message>
+        <source>Chimes low</source>
+        <comment>SoundChimesLow</comment>
+        <translation>Glockenspiel tief</translation>
+    </message>
+    <message>
+        <source>Ding</source>
+        <comment>SoundDing</comment>
+        <translation>Ding</translation>
+    </message>
+    <message>
+        <source>TaDa</source>
+        <comment>SoundTaDa</comment>
+        <translation>Tada</translation>
+    </message>
+    <message>
+        <source>Notify</source>
+        <comment>SoundNotify</comment>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Drum</source>
+        <comment>SoundDrum</comment>
+        <translation>Trommel</translation>
+    </message>
+    <message>
+        <source>Claps</source>
+        <comment>SoundClaps</comment>
+        <translation>Klatschen</translation>
+    </message>
+    <message>
+        <source>Fanfare</source>
+        <comment>SoundFanfare</comment>
+        <translation>Fanfare</translation>
+    </message>
+    <message>
+        <source>Chord high</source>
+        <comment>SoundChordHigh</comment>
+        <translation>Akkord hoch</translation>
+    </message>
+    <message>
+        <source>Chord low</source>
+        <comment>SoundChordLow</comment>
+        <translation>Akkord tief</translation>
+    </message>
+    <message>
+        <source>I am ironic, flirty</source>
+        <comment>AnimationIronic</comment>
+        <translation>Ironisch, kokett</translation>
+    </message>
+    <message>
+        <source>I am glad</source>
+        <comment>AnimationGlad</comment>
+        <translation>Froh</translation>
+    </message>
+    <message>
+        <source>I am sceptic</source>
+        <comment>AnimationSceptic</comment>
+        <translation>Skeptisch</translation>
+    </message>
+    <message>
+        <source>I am sad</source>
+        <comment>AnimationSad</comment>
+        <translation>Traurig</translation>
+    </message>
+    <message>
+        <source>WOW!</source>
+        <comment>AnimationWow</comment>
+        <translation>WOW!</translation>
+    </message>
+    <message>
+        <source>I am crying</source>
+        <comment>AnimationCrying</comment>
+        <translation>Weinend</translation>
+    </message>
+    <message>
+        <source>I am winking</source>
+        <comment>AnimationWinking</comment>
+        <translation>Zwinkernd</translation>
+    </message>
+    <message>
+        <source>I am laughing</source>
+        <comment>AnimationLaughing</comment>
+        <translation>Lachend</translation>
+    </message>
+    <message>
+        <source>I am indifferent</source>
+        <comment>AnimationIndifferent</comment>
+        <translation>Gleichgültig</translation>
+    </message>
+    <message>
+        <source>In love, kissing</source>
+        <comment>AnimationInLove</comment>
+        <translation>Verliebt, küssend</translation>
+    </message>
+    <message>
+        <source>I am confused</source>
+        <comment>AnimationConfused</comment>
+        <translation>Verwirrt</translation>
+    </message>
+    <message>
+        <source>Tongue hanging out</source>
+        <comment>AnimationTongue</comment>
+        <translation>Zunge heraus</translation>
+    </message>
+    <message>
+        <source>I am angry</source>
+        <comment>AnimationAngry</comment>
+        <translation>Wütend</translation>
+    </message>
+    <message>
+        <source>Wearing glasses</source>
+        <comment>AnimationGlasses</comment>
+        <translation>Mit Brille</translation>
+    </message>
+    <message>
+        <source>Devil</source>
+        <comment>AnimationDevil</comment>
+        <translation>Teufel</translation>
+    </message>
+    <message>
+        <source>From:</source>
+        <comment>ReaderFrom</comment>
+        <translation>Von:</translation>
+    </message>
+    <message>
+        <source>To:</source>
+        <comment>ReaderTo</comment>
+        <translation>An:</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <comment>ReaderTime</comment>
+        <translation>Zeit:</translation>
+    </message>
+    <message>
+        <source>Folder:</source>
+        <comment>ReaderFolder</comment>
+        <translation>Ordner:</translation>
+    </message>
+    <message>
+        <source>No message chosen</source>
+        <comment>ReaderEmptyTitle</comment>
+        <translation>Keine Nachricht gewählt</translation>
+    </message>
+    <message>
+        <source>Choose a message in the list to read it here.</source>
+        <comment>ReaderEmptyHint</comment>
+        <translation>Wählen Sie in der Liste eine Nachricht, um sie hier zu lesen.</translation>
+    </message>
+    <message>
+        <source>Save to...</source>
+        <comment>SaveMessageTo</comment>
+        <translation>Speichern unter …</translation>
+    </message>
+    <message>
+        <source>Recipient</source>
+        <comment>SendingRecipient</comment>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <comment>SendingStatus</comment>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>%d/%d</source>
+        <comment>SendingProgress</comment>
+        <translation>%d/%d</translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <comment>SendWaiting</comment>
+        <translation>Wartet</translation>
+    </message>
+    <message>
+        <source>Sending...</source>
+        <comment>SendUnderWay</comment>
+        <translation>Wird gesendet …</translation>
+    </message>
+    <message>
+        <source>Failed (error %d)</source>
+        <comment>SendFailedError</comment>
+        <translation>Fehlgeschlagen (Fehler %d)</translation>
+    </message>
+    <message>
+        <source>Not sent</source>
+        <comment>SendNotTried</comment>
+        <translation>Nicht gesendet</translation>
+    </message>
+    <message>
+        <source>%d messages could not be read.</source>
+        <comment>MessagesUnread</comment>
+        <translation>%d Nachrichten konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The phone is busy with something else. Please try again in a moment.</source>
+        <comment>HandsetBusy</comment>
+        <translation>Das Telefon ist gerade beschäftigt. Bitte versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>%s, %d unread</source>
+        <comment>FolderWithUnread</comment>
+        <translation>%s, %d ungelesen</translation>
+    </message>
+    <message>
+        <source>%s, unread</source>
+        <comment>UnreadFrom</comment>
+        <translation>%s, ungelesen</translation>
+    </message>
+    <message>
+        <source>Folders of messages</source>
+        <comment>FoldersName</comment>
+        <translation>Ordner der Nachrichten</translation>
+    </message>
+    <message>
+        <source>F&amp;older</source>
+        <comment>MenuFolder</comment>
+        <translation>&amp;Ordner</translation>
+    </message>
+    <message>
+        <source>&amp;New message</source>
+        <comment>CommandNewMessage</comment>
+        <translation>&amp;Neue Nachricht</translation>
+    </message>
+    <message>
+        <source>&amp;Open message</source>
+        <comment>CommandOpenMessage</comment>
+        <translation>Nachricht ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Reply message</source>
+        <comment>CommandReplyMessage</comment>
+        <translation>&amp;Antworten</translation>
+    </message>
+    <message>
+        <source>&amp;Forward message</source>
+        <comment>CommandForwardMessage</comment>
+        <translation>&amp;Weiterleiten</translation>
+    </message>
+    <message>
+        <source>&amp;Send message</source>
+        <comment>CommandSendMessage</comment>
+        <translation>Nachricht &amp;senden</translation>
+    </message>
+    <message>
+        <source>Send &amp;all messages</source>
+        <comment>CommandSendAllMessages</comment>
+        <translation>Alle Nachrichten sen&amp;den</translation>
+    </message>
+    <message>
+        <source>Rea&amp;d</source>
+        <comment>CommandReadMessages</comment>
+        <translation>Vom Telefon &amp;lesen</translation>
+    </message>
+    <message>
+        <source>Save &amp;Text</source>
+        <comment>CommandSaveText</comment>
+        <translation>&amp;Text speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <comment>CommandImport</comment>
+        <translation>&amp;Importieren</translation>
+    </message>
+    <message>
+        <source>&amp;Export</source>
+        <comment>CommandExport</comment>
+        <translation>&amp;Exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Print message</source>
+        <comment>CommandPrintMessage</comment>
+        <translation>Nachricht &amp;drucken</translation>
+    </message>
+    <message>
+        <source>Print pre&amp;view</source>
+        <comment>CommandPrintPreview</comment>
+        <translation>Druck&amp;vorschau</translation>
+    </message>
+    <message>
+        <source>&amp;Move to folder...</source>
+        <comment>CommandMoveTo</comment>
+        <translation>In Ordner &amp;verschieben …</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y to folder...</source>
+        <comment>CommandCopyTo</comment>
+        <translation>In Ordner k&amp;opieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <comment>CommandFind</comment>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>&amp;New Folder</source>
+        <comment>CommandNewFolder</comment>
+        <translation>&amp;Neuer Ordner</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <comment>CommandRename</comment>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <comment>CommandDeleteFolder</comment>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Clean trash can</source>
+        <comment>CommandCleanTrash</comment>
+        <translation>&amp;Papierkorb leeren</translation>
+    </message>
+    <message>
+        <source>Please wait until the phone has finished.</source>
+        <comment>ObstacleBusy</comment>
+        <translation>Bitte warten Sie, bis das Telefon fertig ist.</translation>
+    </message>
+    <message>
+        <source>The phone isn't connected.</source>
+        <comment>ObstacleNoHandset</comment>
+        <translation>Das Telefon ist nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>Select one message first.</source>
+        <comment>ObstacleNotOneMessage</comment>
+        <translation>Wählen Sie zuerst eine einzelne Nachricht.</translation>
+    </message>
+    <message>
+        <source>Select a message first.</source>
+        <comment>ObstacleNoMessage</comment>
+        <translation>Wählen Sie zuerst eine Nachricht.</translation>
+    </message>
+    <message>
+        <source>There is nothing in this folder.</source>
+        <comment>ObstacleEmptyFolder</comment>
+        <translation>In diesem Ordner ist nichts.</translation>
+    </message>
+    <message>
+        <source>Cut or copy messages first.</source>
+        <comment>ObstacleNothingCut</comment>
+        <translation>Schneiden Sie zuerst Nachrichten aus oder kopieren Sie welche.</translation>
+    </message>
+    <message>
+        <source>Messages lie in the folders below this one.</source>
+        <comment>ObstacleNoPlaceForMessages</comment>
+        <translation>Nachrichten liegen in den Ordnern darunter.</translation>
+    </message>
+    <message>
+        <source>New folders can be made in the Personal Folder and below it.</source>
+        <comment>ObstacleNoPlaceForFolder</comment>
+        <translation>Neue Ordner gibt es im Ordner „Persönlich“ und darunter.</translation>
+    </message>
+    <message>
+        <source>Only folders that you have made can be changed.</source>
+        <comment>ObstacleFixedFolder</comment>
+        <translation>Nur Ordner, die Sie selbst angelegt haben, lassen sich ändern.</translation>
+    </message>
+    <message>
+        <source>No message waits in the Outbox of the PC.</source>
+        <comment>ObstacleEmptyOutbox</comment>
+        <translation>Im Ausgang des PCs wartet keine Nachricht.</translation>
+    </message>
+    <message>
+        <source>%d of %d messages were left as they were.</source>
+        <comment>MessagesNotTried</comment>
+        <translation>%d von %d Nachrichten blieben, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>%d messages have no text and were left out.</source>
+        <comment>MessagesWithoutText</comment>
+        <translation>%d Nachrichten haben keinen Text und wurden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>%d messages were imported. %d lines of the file are not messages and were left out.</source>
+        <comment>LinesRefused</comment>
+        <translation>%d Nachrichten wurden importiert. %d Zeilen der Datei sind keine Nachrichten und wurden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>The phone isn't connected. The message waits in the Outbox of the PC.</source>
+        <comment>WaitsInOutbox</comment>
+        <translation>Das Telefon ist nicht verbunden. Die Nachricht wartet im Ausgang des PCs.</translation>
+    </message>
+    <message>
+        <source>Export messages</source>
+        <comment>ExportTitle</comment>
+        <translation>Nachrichten exportieren</translation>
+    </message>
+    <message>
+        <source>Import messages</source>
+        <comment>ImportTitle</comment>
+        <translation>Nachrichten importieren</translation>
+    </message>
+    <message>
+        <source>Message files</source>
+        <comment>MessageFiles</comment>
+        <translation>Nachrichtendateien</translation>
+    </message>
+    <message>
+        <source>messages.csv</source>
+        <comment>MessageFileName</comment>
+        <translation>nachrichten.csv</translation>
+    </message>
+    <message>
+        <source>Find in messages</source>
+        <comment>FindInMessages</comment>
+        <translation>In Nachrichten suchen</translation>
+    </message>
+    <message>
+        <source>Messages: %d</source>
+        <comment>MessagesCount</comment>
+        <translation>Nachrichten: %d</translation>
+    </message>
+    <message>
+        <source>Found: %d of %d</source>
+        <comment>MessagesFound</comment>
+        <translation>Gefunden: %d von %d</translation>
+    </message>
+    <message>
+        <source>selected: %d</source>
+        <comment>MessagesSelected</comment>
+        <translation>ausgewählt: %d</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <comment>NothingFoundTitle</comment>
+        <translation>Nichts gefunden</translation>
+    </message>
+    <message>
+        <source>No message of this folder contains these words in its text or its number.</source>
+        <comment>NothingFoundHint</comment>
+        <translation>Keine Nachricht dieses Ordners enthält diese Wörter im Text oder in der Nummer.</translation>
+    </message>
+    <message>
+        <source>No messages here yet</source>
+        <comment>HandsetFolderEmptyTitle</comment>
+        <translation>Noch keine Nachrichten</translation>
+    </message>
+    <message>
+        <source>Read the messages of the phone to see them in its folders.</source>
+        <comment>HandsetFolderEmptyHint</comment>
+        <translation>Lesen Sie die Nachrichten des Telefons, um sie in seinen Ordnern zu sehen.</translation>
+    </message>
+    <message>
+        <source>The phone isn't connected</source>
+        <comment>HandsetAwayTitle</comment>
+        <translation>Das Telefon ist nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Plug the phone in, then read its messages. The port is chosen in the settings.</source>
+        <comment>HandsetAwayHint</comment>
+        <translation>Stecken Sie das Telefon ein und lesen Sie dann seine Nachrichten. Den Anschluss wählen Sie in den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>No messages in this folder</source>
+        <comment>FolderEmptyTitle</comment>
+        <translation>Keine Nachrichten in diesem Ordner</translation>
+    </message>
+    <message>
+        <source>Drag messages here, write a new one, or import a file.</source>
+        <comment>FolderEmptyHint</comment>
+        <translation>Ziehen Sie Nachrichten hierher, schreiben Sie eine neue oder importieren Sie eine Datei.</translation>
+    </message>
+    <message>
+        <source>Choose a folder</source>
+        <comment>ChooseFolderTitle</comment>
+        <translation>Wählen Sie einen Ordner</translation>
+    </message>
+    <message>
+        <source>The folders below this one hold the messages.</source>
+        <comment>ChooseFolderHint</comment>
+        <translation>Die Nachrichten liegen in den Ordnern darunter.</translation>
     </message>
     <message>
         <source>Handset folder</source>

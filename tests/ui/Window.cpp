@@ -71,7 +71,8 @@ Window::~Window() {
 }
 
 void Window::Start() {
-    program = std::make_unique<CTarnbridgeApp>(CTarnbridgeApp::Surroundings{&user, startAgain});
+    program = std::make_unique<CTarnbridgeApp>(
+        CTarnbridgeApp::Surroundings{realDialogs ? nullptr : &user, startAgain});
     ASSERT_TRUE(program->InitInstance());
     ASSERT_TRUE(Await([this] { return Frame().isActiveWindow(); }));
 }
@@ -102,7 +103,7 @@ bool Window::AwaitWords(const QString& words) {
 }
 
 int Window::OpenView() {
-    return Frame().ActiveForm()->property("view").toInt();
+    return Frame().OpenView();
 }
 
 }  // namespace tarnbridge::test

@@ -59,6 +59,8 @@ protected:
     TemporaryFolder folder;
     const std::unique_ptr<EntryStore> store;
     ScriptedUser user;
+    /// Whether the program shows its own dialogs, for OnDialog; before Start.
+    bool realDialogs = false;
     /// What a restart does in place of a new process; before Start.
     std::function<bool()> startAgain = [] { return false; };
     std::unique_ptr<CTarnbridgeApp> program;

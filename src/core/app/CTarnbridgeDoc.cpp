@@ -51,12 +51,12 @@ void CTarnbridgeDoc::OnCloseDocument() {
 }
 
 bool CTarnbridgeDoc::Save() {
-    const bool saved = SaveProfileFile();
+    const bool saved = SaveContent();
     if (surroundings_.saveDialUp) SaveDialUpSettings(surroundings_.dialUp);
     return saved;
 }
 
-bool CTarnbridgeDoc::SaveProfileFile() {
+bool CTarnbridgeDoc::SaveContent() {
     if (!file_) return false;
     if (!file_->Save(profile_)) {
         if (!std::exchange(toldNotSaved_, true)) surroundings_.user.Tell(Words(Word::ProfileNotSaved));

@@ -48,8 +48,10 @@ public:
     /// Who gets LinkStepDone, ProfileChanged, DocumentClosed, and the answers to checks of the handset.
     void SetWindow(std::weak_ptr<MessageTarget> window);
 
-    /// Saves the profile and the dial-up settings now. False when the profile couldn't be saved; the user is
-    /// told when that is news.
+    /// Saves what the user keeps, now. False when it couldn't be saved; the user is told when that is news.
+    bool SaveContent();
+
+    /// The same, and the dial-up settings.
     bool Save();
 
     /// To be called after each change of what the user keeps on the PC, from any thread once the window is
@@ -79,7 +81,6 @@ public:
 
 private:
     void OnCloseDocument();
-    bool SaveProfileFile();
     LinkAddress Address() const;
 
     const Surroundings surroundings_;

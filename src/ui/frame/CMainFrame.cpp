@@ -4,11 +4,13 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <QThread>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -34,6 +36,7 @@ constexpr const char* placementSection = "Option";
 constexpr const char* placementEntry = "Placement";
 constexpr int paneMargin = 6;
 constexpr int placementDelay = 300;  // milliseconds, so that a move isn't a hundred writes
+constexpr int retryDelay = 20;       // until a dialog that is given up has gone
 constexpr int saveDelay = 1000;      // the same for a change of what the user keeps
 
 /// The rectangle if its title can be reached on some screen; otherwise one of that size, as far as there is
@@ -94,7 +97,7 @@ CMainFrame::CMainFrame(CTarnbridgeDoc& document, QWidget* parent)
     saveTimer_->setObjectName(QStringLiteral("saveTimer"));
     saveTimer_->setSingleShot(true);
     saveTimer_->setInterval(saveDelay);
-    connect(saveTimer_, &QTimer::timeout, this, [this] { document_.Save(); });
+    connect(saveTimer_, &QTimer::timeout, this, [this] { document_.SaveContent(); });
 
     MakeMenus();
     MakeStatusBar();
@@ -167,17 +170,12 @@ void CMainFrame::MakeStatusBar() {
 
 void CMainFrame::Choose(int number) {
     const ViewEntry& view = ViewToOpen(number, document_.Model().second);
-    const int current = document_.Preferences().GetNumber(SettingIndex::View);
-    const bool same = form_ && form_->property("view").toInt() == view.number;
-    if (!same && document_.viewSwitchAllowed && (!form_ || form_->MayLeave())) {
+    if (view.number != openView_ && document_.viewSwitchAllowed && form_->MayLeave()) {
         Open(view);
-        if (current != number) document_.Preferences().SetNumber(SettingIndex::View, number);
+        document_.Preferences().SetNumber(SettingIndex::View, openView_);
     }
     // A button that was pressed in vain goes back up.
-    const int shown = form_->property("view").toInt();
-    features_->SetCurrent(shown);
-    for (QAction* const action : viewActions_->actions())
-        action->setChecked(action->data().toInt() == shown);
+    MarkOpenView();
 }
 
 void CMainFrame::Open(const ViewEntry& view) {
@@ -190,7 +188,7 @@ void CMainFrame::Open(const ViewEntry& view) {
 
     form_ = view.makeForm(document_, centralWidget());
     form_->setObjectName(QStringLiteral("form"));
-    form_->setProperty("view", view.number);
+    openView_ = view.number;
     form_->setAccessibleName(QWords(view.name));
     connect(form_, &FormView::statusChanged, formStatus_, &QLabel::setText);
     connect(form_, &FormView::modelChanged, this, &CMainFrame::ShowModel);
@@ -208,9 +206,13 @@ void CMainFrame::Open(const ViewEntry& view) {
     formStatus_->setText(form_->Status());
     for (QMenu* const menu : form_->Menus())
         formMenus_ << menuBar()->insertMenu(firstFixedMenu_, menu);
-    features_->SetCurrent(view.number);
+    MarkOpenView();
+}
+
+void CMainFrame::MarkOpenView() {
+    features_->SetCurrent(openView_);
     for (QAction* const action : viewActions_->actions())
-        action->setChecked(action->data().toInt() == view.number);
+        action->setChecked(action->data().toInt() == openView_);
 }
 
 void CMainFrame::ShowModel() {
@@ -284,6 +286,7 @@ void CMainFrame::TakeCheckResult(bool answers) {
 }
 
 void CMainFrame::BringToFront() {
+    if (closing_) return;
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     QWidget* const dialog = QApplication::activeModalWidget();
@@ -339,16 +342,29 @@ void CMainFrame::SaveSoon() {
     if (!closing_ && !saveTimer_->isActive()) saveTimer_->start();
 }
 
+/// A dialog that is open, as when the system ends the program, belongs to a view that waits for its answer.
+/// It is given up, and the close is tried again when the view has come back. Whether there was one.
+bool CMainFrame::EndDialogs() {
+    if (QThread::currentThread()->loopLevel() <= 1) return false;
+    for (QWidget* const open : {QApplication::activePopupWidget(), QApplication::activeModalWidget()}) {
+        if (open) open->close();
+    }
+    QTimer::singleShot(retryDelay, this, &QWidget::close);
+    return true;
+}
+
 void CMainFrame::closeEvent(QCloseEvent* event) {
     // The window goes when the document is closed, which may have to wait for the handset.
     event->ignore();
-    if (closing_ || (form_ && !form_->MayLeave())) return;
+    if (closing_ || EndDialogs() || (form_ && !form_->MayLeave())) return;
     StopConnectionTimer();
     placementTimer_->stop();
     if (placed_) StorePlacement();
     closing_ = true;
     saveTimer_->stop();
     hide();
+    for (QDialog* const window : findChildren<QDialog*>())
+        window->close();
     delete toolbar_;
     delete form_;
     document_.Close();

@@ -48,6 +48,8 @@ public:
     std::weak_ptr<MessageTarget> Target() const { return receiver_.Target(); }
 
     FormView* ActiveForm() const { return form_; }
+    /// The number of its feature.
+    int OpenView() const { return openView_; }
 
 public Q_SLOTS:
     /// Replaces the two right panes, unless the view must stay.
@@ -72,12 +74,13 @@ private:
     void MakeMenus();
     void MakeStatusBar();
     void Open(const ViewEntry& view);
-    void ShowMenusOfForm();
+    void MarkOpenView();
     void ShowModel();
     void ShowConnection();
     void Tick();
     intptr_t Receive(Message& message);
     void TakeCheckResult(bool answers);
+    bool EndDialogs();
     void PlaceWindow();
     void StorePlacement();
     void SaveSoon();
@@ -86,6 +89,7 @@ private:
     CTarnbridgeView* const features_;
     QVBoxLayout* const right_;
     QPointer<FormView> form_;
+    int openView_ = -1;
     QPointer<QToolBar> toolbar_;
     QActionGroup* const viewActions_;
     QAction* firstFixedMenu_ = nullptr;  // the form's menus stand before it

@@ -1,6 +1,5 @@
 #include "ui/frame/ConnectionPane.h"
 
-#include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,7 +18,6 @@ constexpr int pictureSide = 16;
 ConnectionPane::ConnectionPane(QWidget* parent) : QWidget(parent), words_(new QLabel), picture_(new QLabel) {
     words_->setObjectName(QStringLiteral("connectionWords"));
     words_->setMinimumWidth(wordsWidth);
-    words_->setAccessibleName(QWords(Word::ConnectionName));
     picture_->setObjectName(QStringLiteral("connectionPicture"));
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 4, 0);
@@ -32,9 +30,8 @@ ConnectionPane::ConnectionPane(QWidget* parent) : QWidget(parent), words_(new QL
 void ConnectionPane::SetConnected(bool connected) {
     connected_ = connected;
     words_->setText(QWords(connected ? Word::Connected : Word::Disconnected));
+    words_->setAccessibleName(QWords(Word::ConnectionName) + QStringLiteral(": ") + words_->text());
     Draw();
-    QAccessibleEvent changed(words_, QAccessible::DescriptionChanged);
-    QAccessible::updateAccessibility(&changed);
 }
 
 void ConnectionPane::Draw() {

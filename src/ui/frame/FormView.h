@@ -24,7 +24,8 @@ public:
     /// Stand in the frame's menu bar while the view is shown. They belong to the view.
     virtual QList<QMenu*> Menus() { return {}; }
 
-    /// A message that the frame passes on: FormNotice, FormUpdate, HandsetConnected.
+    /// A message that the frame passes on: FormNotice, FormUpdate, HandsetConnected, HandsetDisconnected,
+    /// LinkStepDone.
     virtual void Receive(Message& /*message*/) {}
 
     /// Called before the view goes, by choice of another feature or at the end. False keeps it: the user has

@@ -115,7 +115,6 @@ QWidget* CGeneralPage::MakePhoneGroup() {
     modelFacts_->setObjectName(QStringLiteral("modelFacts"));
     ShowModelFacts();
     state_->setObjectName(QStringLiteral("state"));
-    state_->setAccessibleName(PlainWords(Word::SettingsState));
 
     auto* const portRow = new QHBoxLayout;
     portRow->addWidget(port_, 1);
@@ -212,6 +211,7 @@ void CGeneralPage::ShowState() {
                                  : watch.IsPortOpen() ? Words(Word::PortSilent)
                                                       : Explain(watch.OpenFailure());
     state_->setText(ToQString(words));
+    state_->setAccessibleName(PlainWords(Word::SettingsState) + QStringLiteral(": ") + state_->text());
 }
 
 void CGeneralPage::ChooseLanguage() {
