@@ -142,7 +142,7 @@ bool ATChannel::ExecTwoStage(std::string_view text, std::string_view body, Milli
     }
     if (!clock_.Wait(port->ResultReadyEvent(), WaitTime(timeout))) return giveUp(ATResult::NoResult);
     TakeResult(*port, result);
-    return true;
+    return !port->BrokenOffEvent().IsSet();
 }
 
 }  // namespace tarnbridge
