@@ -30,7 +30,7 @@ TEST_F(MessagesView, ReadsAllOfTheHandsetAndShowsIt) {
     const int row = RowOf(QStringLiteral("Hi! The 7:40"));
     ASSERT_GE(row, 0);
     SelectRows({row});
-    EXPECT_TRUE(Find<QTextEdit>(QStringLiteral("reader"))
+    EXPECT_TRUE(Find<QTextEdit>(QStringLiteral("readerText"))
                     .toPlainText()
                     .contains(QStringLiteral("under the {blue} pot as you said. Dinner")))
         << "three parts, and no marks of the alphabet's extension";
