@@ -11,6 +11,8 @@
 #include "messaging/MessageTextFile.h"
 #include "messaging/MessageTransfer.h"
 #include "platform/Text.h"
+#include "ui/messages/CSmsReadDialog.h"
+#include "ui/messages/SendingDialog.h"
 
 namespace tarnbridge {
 namespace {
@@ -28,9 +30,10 @@ void AddLine(std::u16string& words, const std::u16string& line) {
 
 }  // namespace
 
-MessageOperations::MessageOperations(CTarnbridgeDoc& document, QObject* parent)
-    : QObject(parent),
+MessageOperations::MessageOperations(CTarnbridgeDoc& document, QWidget* owner)
+    : QObject(owner),
       document_(document),
+      owner_(owner),
       tree_(document.Content().messageRoot),
       folders_(tree_, document.User(), Keeper()),
       runner_(document, this) {
@@ -67,16 +70,9 @@ void MessageOperations::Read() {
     if (runner_.IsBusy() || document_.User().Ask(Words(Word::DownloadMessages)) != Answer::Yes) return;
     for (const KeptSelections::Kept& kept : kept_.AllIn(tree_.HandsetRoot()))
         kept->records.clear();
-    const auto download = std::make_shared<MessageDownload>(document_.Worker(), tree_);
-    runner_.Run(download, Words(Word::ReadingMessages), [this, download] {
-        Q_EMIT changed();
-        const MessageDownload::Report& report = download->GetReport();
-        std::u16string words;
-        if (report.noMemory) words = Words(Word::NoMessageInHandset);
-        if (!report.unread.empty())
-            AddLine(words, Words(Word::MessagesUnread, {static_cast<int64_t>(report.unread.size())}));
-        Report(*download, {}, std::move(words));
-    });
+    runner_.Run(std::make_unique<CSmsReadDialog>(
+                    std::make_unique<MessageDownload>(document_.Worker(), tree_), owner_->window()),
+                [this] { Q_EMIT changed(); });
 }
 
 /// Asks the handset, then goes on. Without a handset there are none.
@@ -196,15 +192,10 @@ void MessageOperations::SendAllOf(const std::vector<MessageSending::Waiting>& me
     std::vector<SmsRecord*> records;
     for (const MessageSending::Waiting& message : messages)
         records.push_back(message.record);
-    const auto sending =
-        std::make_shared<MessageSending>(document_.Worker(), tree_, Keeper(), document_.Time(), messages);
-    const bool begun = runner_.Run(sending, Words(Word::SendingMessages), [this, sending] {
-        Q_EMIT changed();
-        std::vector<MessageOutcome> outcomes;
-        for (const MessageSending::Item& item : sending->Items())
-            outcomes.push_back(item.outcome);
-        Report(*sending, outcomes);
-    });
+    auto sending =
+        std::make_unique<MessageSending>(document_.Worker(), tree_, Keeper(), document_.Time(), messages);
+    const bool begun = runner_.Run(std::make_unique<SendingDialog>(std::move(sending), owner_->window()),
+                                   [this] { Q_EMIT changed(); });
     if (begun) kept_.Forget(records);
 }
 

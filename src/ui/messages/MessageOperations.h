@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QWidget>
 #include <functional>
 
 #include "messaging/MessageFolders.h"
@@ -22,7 +23,8 @@ class MessageOperations : public QObject, private MessageKeeper {
     Q_OBJECT
 
 public:
-    MessageOperations(CTarnbridgeDoc& document, QObject* parent);
+    /// `owner` is the view, over whose window dialogs stand.
+    MessageOperations(CTarnbridgeDoc& document, QWidget* owner);
 
     MessageTree Tree() const { return tree_; }
     MessageFolders& Folders() { return folders_; }
@@ -98,6 +100,7 @@ private:
     std::u16string PreferredMemory() const;
 
     CTarnbridgeDoc& document_;
+    QWidget* const owner_;
     const MessageTree tree_;
     MessageFolders folders_;
     KeptSelections kept_;
