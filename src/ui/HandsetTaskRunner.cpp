@@ -4,6 +4,7 @@
 
 #include "core/app/CTarnbridgeDoc.h"
 #include "core/base/StringTable.h"
+#include "ui/messages/TaskDialog.h"
 
 namespace tarnbridge {
 
@@ -14,22 +15,19 @@ HandsetTaskRunner::HandsetTaskRunner(CTarnbridgeDoc& document, QObject* parent)
 
 HandsetTaskRunner::~HandsetTaskRunner() {
     if (IsBusy()) document_.viewSwitchAllowed = true;
+    delete dialog_;
 }
 
 bool HandsetTaskRunner::Run(std::shared_ptr<HandsetTask> task, const std::u16string& title,
                             std::function<void()> ended) {
-    if (IsBusy()) {
-        document_.User().Tell(Words(Word::HandsetBusy));
-        return false;
-    }
+    if (IsBusy()) return Refuse();
     task_ = std::move(task);
     ended_ = std::move(ended);
     standing_ = {};
     task_->onProgress = [this](const HandsetTask::Standing& standing) { Show(standing); };
     if (!task_->Start(receiver_.Target())) {
         task_.reset();
-        document_.User().Tell(Words(Word::HandsetBusy));
-        return false;
+        return Refuse();
     }
     if (task_->HasEnded()) {
         task_.reset();
@@ -43,8 +41,33 @@ bool HandsetTaskRunner::Run(std::shared_ptr<HandsetTask> task, const std::u16str
     return true;
 }
 
+bool HandsetTaskRunner::Run(std::unique_ptr<TaskDialog> dialog, std::function<void()> ended) {
+    if (IsBusy()) return Refuse();
+    dialog_ = dialog.get();
+    connect(dialog_, &TaskDialog::ended, this, std::move(ended));
+    connect(dialog_, &QDialog::finished, this, [this] {
+        dialog_->deleteLater();
+        dialog_ = nullptr;
+        document_.viewSwitchAllowed = true;
+        Q_EMIT busyChanged();
+    });
+    if (!dialog->Start()) return Refuse();
+    // One whose task needed no handset may be closed by now.
+    if (dialog.release() == dialog_) {
+        document_.viewSwitchAllowed = false;
+        Q_EMIT busyChanged();
+    }
+    return true;
+}
+
+bool HandsetTaskRunner::Refuse() {
+    document_.User().Tell(Words(Word::HandsetBusy));
+    return false;
+}
+
 void HandsetTaskRunner::Cancel() {
     if (task_) task_->Cancel();
+    if (dialog_ && dialog_->IsRunning()) dialog_->reject();
 }
 
 intptr_t HandsetTaskRunner::Receive(Message& message) {

@@ -7,7 +7,6 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QTextBrowser>
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -19,6 +18,8 @@
 #include "ui/QtText.h"
 #include "ui/messages/MessageListModel.h"
 #include "ui/messages/MessageOperations.h"
+#include "ui/messages/MessagePrinting.h"
+#include "ui/messages/MessageReader.h"
 #include "ui/messages/MessageTreeModel.h"
 
 namespace tarnbridge {
@@ -78,12 +79,10 @@ CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent)
       find_(new QLineEdit),
       stack_(new QStackedWidget),
       list_(new QTreeView),
-      reader_(new QTextBrowser) {
+      reader_(new MessageReader),
+      editors_(document, *operations_, this) {
     MakeTree();
     MakeList();
-    reader_->setObjectName(QStringLiteral("reader"));
-    reader_->setAccessibleName(QWords(Word::ColumnMessage));
-
     find_->setObjectName(QStringLiteral("find"));
     find_->setPlaceholderText(QWords(Word::FindInMessages));
     find_->setAccessibleName(QWords(Word::FindInMessages));
@@ -242,16 +241,24 @@ void CSmsFormView::Connect() {
     const auto on = [this](C::Command command, auto use) {
         connect(commands_->Get(command), &QAction::triggered, this, use);
     };
-    on(C::NewMessage, &CSmsFormView::NewMessage);
-    on(C::OpenMessage, &CSmsFormView::OpenMessage);
-    on(C::ReplyMessage, &CSmsFormView::Reply);
-    on(C::ForwardMessage, &CSmsFormView::Forward);
+    on(C::NewMessage, [this] { editors_.New(); });
+    on(C::OpenMessage, [this] {
+        if (TheSelected()) editors_.Open(Selected());
+    });
+    on(C::ReplyMessage, [this] {
+        if (const SmsRecord* const record = TheSelected()) editors_.Reply(*record);
+    });
+    on(C::ForwardMessage, [this] {
+        if (const SmsRecord* const record = TheSelected()) editors_.Forward(*record);
+    });
     on(C::SendMessage, [this] { operations_->Send(Selected()); });
     on(C::SendAllMessages, [this] { operations_->SendAll(); });
     on(C::ReadMessages, [this] { operations_->Read(); });
     on(C::SaveText, [this] { operations_->Export(Selected()); });
     on(C::ImportMessages, [this] { operations_->Import(*CurrentFolder()); });
     on(C::ExportMessages, [this] { operations_->Export(AllInFolder()); });
+    on(C::PrintMessage, [this] { AskAndPrint(ToPrint(), window()); });
+    on(C::PrintPreview, [this] { ShowPrintPreview(ToPrint(), window()); });
     on(C::CutMessages, [this] { operations_->Remember(Selected(), true); });
     on(C::CopyMessages, [this] { operations_->Remember(Selected(), false); });
     on(C::PasteMessages, [this] { operations_->Paste(*CurrentFolder()); });
@@ -321,7 +328,7 @@ void CSmsFormView::Receive(Message& message) {
 
 bool CSmsFormView::MayLeave() {
     operations_->Cancel();
-    return !operations_->IsBusy();
+    return !operations_->IsBusy() && editors_.CloseAll() && !operations_->IsBusy();
 }
 
 MessageFolder* CSmsFormView::CurrentFolder() const {
@@ -447,9 +454,9 @@ void CSmsFormView::ShowHint() {
 
 void CSmsFormView::ShowSelected() {
     const SmsRecord* const record = TheSelected();
-    reader_->clear();
+    if (!record) reader_->Clear();
     if (record) {
-        reader_->setPlainText(ToQString(record->TextAsWide()).remove(QChar(0x1B)));
+        reader_->Show(*record, tree_->currentIndex().data(Qt::EditRole).toString());
         if (operations_->MarkRead(Selected())) {
             listModel_->ShowAsRead(list_->selectionModel()->selectedRows().front().row());
             refreshing_ = true;
@@ -506,9 +513,14 @@ void CSmsFormView::MakeFolder() {
     tree_->edit(index);
 }
 
-void CSmsFormView::NewMessage() {}
-void CSmsFormView::OpenMessage() {}
-void CSmsFormView::Reply() {}
-void CSmsFormView::Forward() {}
+std::vector<PrintedMessage> CSmsFormView::ToPrint() const {
+    const MessageSelection selection = Selected();
+    const QString folder = tree_->currentIndex().data(Qt::EditRole).toString();
+    std::vector<PrintedMessage> messages;
+    for (const SmsRecord* const record : selection.records) {
+        if (Holds(*selection.folder, record)) messages.push_back({*record, folder});
+    }
+    return messages;
+}
 
 }  // namespace tarnbridge

@@ -2,6 +2,7 @@
 
 #include "ui/frame/FormView.h"
 #include "ui/messages/MessageCommands.h"
+#include "ui/messages/MessageEditors.h"
 #include "ui/messages/MessageSelection.h"
 
 class QAction;
@@ -9,14 +10,15 @@ class QLineEdit;
 class QModelIndex;
 class QSplitter;
 class QStackedWidget;
-class QTextBrowser;
 class QTreeView;
 
 namespace tarnbridge {
 
 class EmptyHint;
+struct PrintedMessage;
 class MessageListModel;
 class MessageOperations;
+class MessageReader;
 class MessageTreeModel;
 
 /// The messages: the folders of the handset and of the PC, the messages of the folder that is chosen, and
@@ -61,11 +63,8 @@ private:
     bool Receives(const MessageFolder& folder) const;
     void Select(const std::vector<SmsRecord*>& records);
 
-    void NewMessage();
-    void OpenMessage();
-    void Reply();
-    void Forward();
     void MakeFolder();
+    std::vector<PrintedMessage> ToPrint() const;
 
     MessageOperations* const operations_;
     MessageCommands* const commands_;
@@ -77,11 +76,12 @@ private:
     QLineEdit* const find_;
     QStackedWidget* const stack_;
     QTreeView* const list_;
-    QTextBrowser* const reader_;
+    MessageReader* const reader_;
     EmptyHint* hint_ = nullptr;
     QList<QMenu*> menus_;
     bool refreshing_ = false;
     bool wasShown_ = false;
+    MessageEditors editors_;
 };
 
 }  // namespace tarnbridge

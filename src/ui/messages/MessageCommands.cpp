@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "ui/Icons.h"
 #include "ui/QtText.h"
+#include "ui/messages/Command.h"
 
 namespace tarnbridge {
 namespace {
@@ -109,9 +109,8 @@ constexpr Obstacle obstacles[] = {
 
 MessageCommands::MessageCommands(QObject* parent) : QObject(parent) {
     for (const Row& row : Rows()) {
-        auto* const action = new QAction(ThemedIcon(QString::fromLatin1(row.icon)), QWords(row.words), this);
-        action->setObjectName(QString::fromLatin1(row.name));
-        action->setShortcut(row.shortcut);
+        QAction* const action = MakeCommand(this, {row.name, row.words, row.icon}, row.shortcut);
+        tips_[row.command] = action->toolTip();
         actions_[row.command] = action;
     }
     Update({});
@@ -131,7 +130,7 @@ void MessageCommands::Update(const MessageSituation& situation) {
         QAction* const action = Get(row.command);
         const auto obstacle = Obstacle(row.command, situation);
         action->setEnabled(!obstacle);
-        const QString tip = TipWithKey(PlainWords(row.words), action->shortcut());
+        const QString& tip = tips_[row.command];
         action->setToolTip(obstacle ? tip + u'\n' + QWords(*obstacle) : tip);
     }
     Get(DeleteFolder)->setVisible(!situation.isTrash);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -71,6 +72,7 @@ public:
 
 private:
     std::array<QAction*, Count> actions_{};
+    std::array<QString, Count> tips_;
 };
 
 }  // namespace tarnbridge

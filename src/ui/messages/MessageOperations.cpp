@@ -11,6 +11,8 @@
 #include "messaging/MessageTextFile.h"
 #include "messaging/MessageTransfer.h"
 #include "platform/Text.h"
+#include "ui/messages/CSmsReadDialog.h"
+#include "ui/messages/SendingDialog.h"
 
 namespace tarnbridge {
 namespace {
@@ -28,9 +30,10 @@ void AddLine(std::u16string& words, const std::u16string& line) {
 
 }  // namespace
 
-MessageOperations::MessageOperations(CTarnbridgeDoc& document, QObject* parent)
-    : QObject(parent),
+MessageOperations::MessageOperations(CTarnbridgeDoc& document, QWidget* owner)
+    : QObject(owner),
       document_(document),
+      owner_(owner),
       tree_(document.Content().messageRoot),
       folders_(tree_, document.User(), Keeper()),
       runner_(document, this) {
@@ -67,16 +70,9 @@ void MessageOperations::Read() {
     if (runner_.IsBusy() || document_.User().Ask(Words(Word::DownloadMessages)) != Answer::Yes) return;
     for (const KeptSelections::Kept& kept : kept_.AllIn(tree_.HandsetRoot()))
         kept->records.clear();
-    const auto download = std::make_shared<MessageDownload>(document_.Worker(), tree_);
-    runner_.Run(download, Words(Word::ReadingMessages), [this, download] {
-        Q_EMIT changed();
-        const MessageDownload::Report& report = download->GetReport();
-        std::u16string words;
-        if (report.noMemory) words = Words(Word::NoMessageInHandset);
-        if (!report.unread.empty())
-            AddLine(words, Words(Word::MessagesUnread, {static_cast<int64_t>(report.unread.size())}));
-        Report(*download, {}, std::move(words));
-    });
+    runner_.Run(std::make_unique<CSmsReadDialog>(
+                    std::make_unique<MessageDownload>(document_.Worker(), tree_), owner_->window()),
+                [this] { Q_EMIT changed(); });
 }
 
 /// Asks the handset, then goes on. Without a handset there are none.
@@ -120,9 +116,8 @@ void MessageOperations::Transfer(const MessageSelection& selection, MessageFolde
         });
 }
 
-/// \param ended  whether all of them are there
 void MessageOperations::TransferTo(const MessageSelection& selection, const SaveTarget& target, bool move,
-                                   const std::function<void(bool)>& ended) {
+                                   const std::function<void(const MessageTransfer&)>& ended) {
     if (selection.IsEmpty() || !folders_.MayTransfer(*selection.folder, *target.folder, move)) return;
     const auto transfer = std::make_shared<MessageTransfer>(
         document_.Worker(), tree_, Keeper(),
@@ -132,7 +127,7 @@ void MessageOperations::TransferTo(const MessageSelection& selection, const Save
         Q_EMIT changed();
         Report(*transfer, transfer->Outcomes(),
                transfer->WentToDraft() ? Words(Word::StoredAsDraft) : std::u16string());
-        if (ended) ended(AllDone(transfer->Outcomes()));
+        if (ended) ended(*transfer);
     });
     if (begun && move) kept_.Forget(records);
 }
@@ -197,15 +192,10 @@ void MessageOperations::SendAllOf(const std::vector<MessageSending::Waiting>& me
     std::vector<SmsRecord*> records;
     for (const MessageSending::Waiting& message : messages)
         records.push_back(message.record);
-    const auto sending =
-        std::make_shared<MessageSending>(document_.Worker(), tree_, Keeper(), document_.Time(), messages);
-    const bool begun = runner_.Run(sending, Words(Word::SendingMessages), [this, sending] {
-        Q_EMIT changed();
-        std::vector<MessageOutcome> outcomes;
-        for (const MessageSending::Item& item : sending->Items())
-            outcomes.push_back(item.outcome);
-        Report(*sending, outcomes);
-    });
+    auto sending =
+        std::make_unique<MessageSending>(document_.Worker(), tree_, Keeper(), document_.Time(), messages);
+    const bool begun = runner_.Run(std::make_unique<SendingDialog>(std::move(sending), owner_->window()),
+                                   [this] { Q_EMIT changed(); });
     if (begun) kept_.Forget(records);
 }
 
@@ -244,14 +234,10 @@ void MessageOperations::Import(MessageFolder& folder) {
 }
 
 /// Null, and the user has been told, where the disk doesn't take it; then the message is nowhere.
-SmsRecord* MessageOperations::KeepSafe(SmsRecord record, MessageFolder& folder) {
-    if (!record.SettleParts()) {
-        document_.User().Tell(Words(Word::EmsObjectNotCreated));
-        return nullptr;
-    }
-    record.storage = u"PC";
-    record.handsetIndices.clear();
-    SmsRecord& kept = folder.Append(std::make_unique<SmsRecord>(std::move(record)));
+SmsRecord* MessageOperations::KeepSafe(const SmsRecord& record, MessageFolder& folder) {
+    SmsRecord& kept = folder.Append(std::make_unique<SmsRecord>(record));
+    kept.storage = u"PC";
+    kept.handsetIndices.clear();
     if (SaveNow()) return &kept;
     TakeRecords(folder, {&kept});
     document_.User().Tell(Words(Word::MessageNotSaved));
@@ -259,8 +245,7 @@ SmsRecord* MessageOperations::KeepSafe(SmsRecord record, MessageFolder& folder) 
 }
 
 /// What takes its place is safe.
-void MessageOperations::Replace(const KeptSelections::Kept& replaced) {
-    if (!replaced || replaced->IsEmpty()) return;
+void MessageOperations::RemoveReplaced(const KeptSelections::Kept& replaced) {
     const MessageSelection old = *replaced;
     kept_.Forget(old.records);
     if (!tree_.IsOnHandset(*old.folder)) {
@@ -276,53 +261,61 @@ void MessageOperations::Replace(const KeptSelections::Kept& replaced) {
     });
 }
 
-void MessageOperations::SaveComposed(SmsRecord record, KeptSelections::Kept replaced, Done done) {
-    WithMemories([this, record = std::make_shared<SmsRecord>(std::move(record)),
-                  replaced = std::move(replaced),
-                  done = std::move(done)](const std::vector<std::u16string>& memories) {
-        const MessageFolder* const suggested =
-            replaced && !replaced->IsEmpty() ? replaced->folder : &tree_.OnPc(draftPlace);
+void MessageOperations::SaveComposed(const SmsRecord& record, KeptSelections::Kept origin,
+                                     std::function<void()> safe) {
+    WithMemories([this, composed = std::make_shared<SmsRecord>(record), origin = std::move(origin),
+                  safe = std::move(safe)](const std::vector<std::u16string>& memories) {
+        const MessageFolder* const suggested = origin->IsEmpty() ? &tree_.OnPc(draftPlace) : origin->folder;
         const auto target = AskSaveTarget(
             tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = suggested},
             document_.User());
-        if (!target) {
-            done(false);
-            return;
-        }
-        const bool toHandset = tree_.IsOnHandset(*target->folder);
-        MessageFolder& first = toHandset ? tree_.OnPc(draftPlace) : *target->folder;
-        SmsRecord* const kept = KeepSafe(std::move(*record), first);
-        done(kept != nullptr);
-        if (!kept) return;
-        const bool replaces = replaced && !replaced->IsEmpty() && replaced->folder == target->folder;
-        if (toHandset) {
-            TransferTo({&first, {kept}}, *target, true, [this, replaced, replaces](bool moved) {
-                if (moved && replaces) Replace(replaced);
-            });
-            return;
-        }
-        if (replaces) Replace(replaced);
-        Q_EMIT changed();
+        if (target) SaveTo(*composed, *target, origin, safe);
     });
 }
 
-void MessageOperations::SendComposed(SmsRecord record, const KeptSelections::Kept& replaced,
-                                     const Done& done) {
+/// What goes to the handset goes by way of the PC's drafts, where it stays if it can't be written.
+void MessageOperations::SaveTo(const SmsRecord& record, const SaveTarget& target,
+                               const KeptSelections::Kept& origin, const std::function<void()>& safe) {
+    const bool toHandset = tree_.IsOnHandset(*target.folder);
+    MessageFolder& first = toHandset ? tree_.OnPc(draftPlace) : *target.folder;
+    SmsRecord* const kept = KeepSafe(record, first);
+    if (!kept) return;
+    const bool replaces = !origin->IsEmpty() && origin->folder == target.folder;
+    if (!toHandset) {
+        if (replaces) RemoveReplaced(origin);
+        *origin = {&first, {kept}};
+        Q_EMIT changed();
+        safe();
+        return;
+    }
+    safe();
+    TransferTo({&first, {kept}}, target, true, [=, this, &first](const MessageTransfer& transfer) {
+        if (transfer.Stored().empty()) {
+            *origin = {&first, {kept}};
+            return;
+        }
+        if (replaces && !origin->IsEmpty()) RemoveReplaced(origin);
+        SmsRecord* const stored = transfer.Stored().front();
+        *origin = {&tree_.OnHandset(PlaceOfStatus(stored->status)), {stored}};
+    });
+}
+
+void MessageOperations::SendComposed(const SmsRecord& record, const KeptSelections::Kept& origin,
+                                     const std::function<void()>& safe) {
     MessageFolder& outbox = tree_.OnPc(outboxPlace);
-    SmsRecord* const waiting = KeepSafe(std::move(record), outbox);
-    done(waiting != nullptr);
+    SmsRecord* const waiting = KeepSafe(record, outbox);
     if (!waiting) return;
-    // A draft has become the message; one that was received or sent stays.
-    if (replaced && !replaced->IsEmpty() && !tree_.IsOnHandset(*replaced->folder)) {
-        const int status = replaced->records.front()->status;
-        if (status == smsComposed || status == smsDraft || status == smsOutbox) Replace(replaced);
+    if (!origin->IsEmpty() && !tree_.IsOnHandset(*origin->folder)) {
+        // A draft has become the message; one that was received or sent stays.
+        const int status = origin->records.front()->status;
+        if (status == smsComposed || status == smsDraft || status == smsOutbox) RemoveReplaced(origin);
     }
     Q_EMIT changed();
-    if (document_.Watch().IsConnected()) {
+    safe();
+    if (document_.Watch().IsConnected())
         SendAllOf({{&outbox, waiting}});
-    } else {
+    else
         document_.User().Tell(Words(Word::WaitsInOutbox));
-    }
 }
 
 MessageFolder* MessageOperations::MakeFolder(MessageFolder& under) {

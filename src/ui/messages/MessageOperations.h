@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QWidget>
 #include <functional>
 
 #include "messaging/MessageFolders.h"
@@ -13,6 +14,7 @@
 namespace tarnbridge {
 
 class CTarnbridgeDoc;
+class MessageTransfer;
 
 /// What the commands of the messages do, apart from what is seen of it: it asks the user, has one task after
 /// the other run, and tells him what has failed. For the interface thread. What changes folders or records
@@ -21,7 +23,8 @@ class MessageOperations : public QObject, private MessageKeeper {
     Q_OBJECT
 
 public:
-    MessageOperations(CTarnbridgeDoc& document, QObject* parent);
+    /// `owner` is the view, over whose window dialogs stand.
+    MessageOperations(CTarnbridgeDoc& document, QWidget* owner);
 
     MessageTree Tree() const { return tree_; }
     MessageFolders& Folders() { return folders_; }
@@ -57,15 +60,15 @@ public:
 
     // Messages that were just composed: each is on the PC's disk before anything else is done with it.
 
-    /// What an editor was opened on, until it is told what became of it.
+    /// What an editor was opened on, if anything, as long as it isn't something else.
     KeptSelections::Kept Keep(MessageSelection selection) { return kept_.Keep(std::move(selection)); }
 
-    /// \param replaced  is replaced where the message is saved into the same folder, and where a draft is
-    ///                  sent; null or empty for none
-    /// \param done      whether the message is safe, so that the editor can go
-    using Done = std::function<void(bool)>;
-    void SaveComposed(SmsRecord record, KeptSelections::Kept replaced, Done done);
-    void SendComposed(SmsRecord record, const KeptSelections::Kept& replaced, const Done& done);
+    /// Saves to a folder that the user chooses, and sends. `origin` is what the editor was opened on; it is
+    /// replaced where the message is saved into its folder, and where it is a draft and the message is sent,
+    /// and becomes the saved message. `safe` is called when the message can't be lost any more.
+    void SaveComposed(const SmsRecord& record, KeptSelections::Kept origin, std::function<void()> safe);
+    void SendComposed(const SmsRecord& record, const KeptSelections::Kept& origin,
+                      const std::function<void()>& safe);
 
     // Folders.
 
@@ -86,15 +89,18 @@ private:
 
     void WithMemories(std::function<void(const std::vector<std::u16string>&)> use);
     void TransferTo(const MessageSelection& selection, const SaveTarget& target, bool move,
-                    const std::function<void(bool)>& ended = {});
+                    const std::function<void(const MessageTransfer&)>& ended = {});
+    void SaveTo(const SmsRecord& record, const SaveTarget& target, const KeptSelections::Kept& origin,
+                const std::function<void()>& safe);
     void SendAllOf(const std::vector<MessageSending::Waiting>& messages);
-    SmsRecord* KeepSafe(SmsRecord record, MessageFolder& folder);
-    void Replace(const KeptSelections::Kept& replaced);
+    SmsRecord* KeepSafe(const SmsRecord& record, MessageFolder& folder);
+    void RemoveReplaced(const KeptSelections::Kept& replaced);
     void Report(const HandsetTask& task, const std::vector<MessageOutcome>& outcomes,
                 std::u16string words = {});
     std::u16string PreferredMemory() const;
 
     CTarnbridgeDoc& document_;
+    QWidget* const owner_;
     const MessageTree tree_;
     MessageFolders folders_;
     KeptSelections kept_;

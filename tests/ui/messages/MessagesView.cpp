@@ -2,6 +2,9 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QLabel>
+
+#include "ui/messages/TaskDialog.h"
 
 namespace tarnbridge::test {
 
@@ -37,7 +40,14 @@ void MessagesView::Do(const char* command) {
 
 bool MessagesView::AwaitRest() {
     QCoreApplication::processEvents();
-    return Await([this] { return Document().viewSwitchAllowed; });
+    return Await([this] {
+        auto* const work = Frame().findChild<TaskDialog*>();
+        if (work && work->isVisible() && !work->IsRunning()) {
+            told << work->findChild<QLabel*>(QStringLiteral("words"))->text();
+            work->reject();
+        }
+        return Document().viewSwitchAllowed;
+    });
 }
 
 void MessagesView::OpenFolder(const MessageFolder& chosen) {

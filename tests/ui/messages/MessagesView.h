@@ -34,7 +34,8 @@ protected:
     MessageTree Content() { return MessageTree(Document().Content().messageRoot); }
     QAction& Command(const char* name) { return Find<QAction>(QString::fromLatin1(name)); }
 
-    /// Triggers an enabled command and waits until nothing runs any more.
+    /// Triggers an enabled command and waits until nothing runs any more. What dialogs of work say at their
+    /// end goes to `told`, and they are closed.
     void Do(const char* command);
     bool AwaitRest();
 
@@ -54,6 +55,7 @@ protected:
 
     size_t CountOn(const std::string& memory);
 
+    QStringList told;
     VirtualHandset handset{{.demo = true, .faults = {}}};
 };
 
