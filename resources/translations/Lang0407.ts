@@ -1335,6 +1335,11 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>%d/%d</translation>
     </message>
     <message>
+        <source>%d of %d were sent.</source>
+        <comment>SendingSummary</comment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Waiting</source>
         <comment>SendWaiting</comment>
         <translation>Wartet</translation>
@@ -1355,7 +1360,7 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Nicht gesendet</translation>
     </message>
     <message>
-        <source>%d messages could not be read.</source>
+        <source>Messages that could not be read: %d</source>
         <comment>MessagesUnread</comment>
         <translation>%d Nachrichten konnten nicht gelesen werden.</translation>
     </message>
@@ -1543,6 +1548,11 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <source>%d messages were imported. %d lines of the file are not messages and were left out.</source>
         <comment>LinesRefused</comment>
         <translation>%d Nachrichten wurden importiert. %d Zeilen der Datei sind keine Nachrichten und wurden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>%s is a name and not a number: the message can't be answered.</source>
+        <comment>SenderIsName</comment>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>The phone isn't connected. The message waits in the Outbox of the PC.</source>
