@@ -1337,7 +1337,7 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
     <message>
         <source>%d of %d were sent.</source>
         <comment>SendingSummary</comment>
-        <translation type="unfinished"></translation>
+        <translation>%d von %d wurden gesendet.</translation>
     </message>
     <message>
         <source>Waiting</source>
@@ -1552,7 +1552,7 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
     <message>
         <source>%s is a name and not a number: the message can't be answered.</source>
         <comment>SenderIsName</comment>
-        <translation type="unfinished"></translation>
+        <translation>%s ist ein Name und keine Nummer: Die Nachricht lässt sich nicht beantworten.</translation>
     </message>
     <message>
         <source>The phone isn't connected. The message waits in the Outbox of the PC.</source>
