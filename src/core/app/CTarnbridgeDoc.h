@@ -45,7 +45,8 @@ public:
     /// DocumentClosed to the window. Until then nobody else touches the document.
     void Close();
 
-    /// Who gets LinkStepDone, ProfileChanged, DocumentClosed, and the answers to checks of the handset.
+    /// Before any of it is used: who gets LinkStepDone, ProfileChanged, DocumentClosed, and the answers to
+    /// checks of the handset.
     void SetWindow(std::weak_ptr<MessageTarget> window);
 
     /// Saves what the user keeps, now. False when it couldn't be saved; the user is told when that is news.

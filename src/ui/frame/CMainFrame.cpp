@@ -105,10 +105,6 @@ CMainFrame::CMainFrame(CTarnbridgeDoc& document, QWidget* parent)
     Open(ViewToOpen(document_.Preferences().GetNumber(SettingIndex::View), document_.Model().second));
 }
 
-CMainFrame::~CMainFrame() {
-    document_.SetWindow({});
-}
-
 void CMainFrame::MakeMenus() {
     QMenu* const file = menuBar()->addMenu(QWords(Word::MenuFile));
     QAction* const quit = file->addAction(ThemedIcon(QStringLiteral("quit")), QWords(Word::CommandQuit), this,

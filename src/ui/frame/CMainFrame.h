@@ -34,7 +34,6 @@ public:
 
     /// The document, which is open, must outlive the frame. Opens the view that was open last.
     explicit CMainFrame(CTarnbridgeDoc& document, QWidget* parent = nullptr);
-    ~CMainFrame() override;
 
     /// Shows the window where it stood last.
     void ShowAtItsPlace();
