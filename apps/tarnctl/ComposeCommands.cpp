@@ -139,8 +139,8 @@ ExitCode SendAll(MessageDesk& desk, const std::vector<MessageSending::Waiting>& 
     bool allSent = begun;
     for (const MessageSending::Item& item : sending.Items()) {
         const MessageOutcome& outcome = item.outcome;
-        const bool tried = outcome.state != MessageOutcome::NotTried;
-        const bool sent = outcome.state == MessageOutcome::Done;
+        const bool tried = outcome.state != MessageOutcome::State::NotTried;
+        const bool sent = outcome.state == MessageOutcome::State::Done;
         allSent = allSent && sent;
         const std::string result =
             tried ? TextToUtf8(Words(sent ? Word::SendSuccess : Word::SendFailed)) : "not sent";

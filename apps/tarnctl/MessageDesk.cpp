@@ -127,7 +127,7 @@ bool MessageDesk::Report(const HandsetTask& task, const std::vector<MessageOutco
     if (const std::u16string words = FailureWords(outcomes); !words.empty()) PrintWords(TextToUtf8(words));
     if (task.LostHandset()) PrintWords(TextToUtf8(Words(Word::HandsetLost)));
     const auto left = std::count_if(outcomes.begin(), outcomes.end(), [](const MessageOutcome& outcome) {
-        return outcome.state == MessageOutcome::NotTried;
+        return outcome.state == MessageOutcome::State::NotTried;
     });
     if (left > 0) PrintWords(fmt::format("not tried: {} of {}", left, outcomes.size()));
     return AllDone(outcomes);

@@ -35,7 +35,7 @@ std::u16string TitleOf(const SmsRecord& record) {
 }
 
 void MessageOutcome::Fail(Word why, int handsetError, std::vector<int> locations) {
-    state = Failed;
+    state = State::Failed;
     words = why;
     error = handsetError;
     leftBehind = std::move(locations);
@@ -46,7 +46,7 @@ std::u16string FailureWords(const std::vector<MessageOutcome>& outcomes) {
     Word last = Word::Count;
     int lines = 0;
     for (const MessageOutcome& outcome : outcomes) {
-        if (outcome.state != MessageOutcome::Failed) continue;
+        if (outcome.state != MessageOutcome::State::Failed) continue;
         if (++lines > mostLines) return words + u"\n...";
         if (outcome.words != last) words += (words.empty() ? u"" : u"\n") + Words(outcome.words);
         last = outcome.words;
@@ -57,7 +57,7 @@ std::u16string FailureWords(const std::vector<MessageOutcome>& outcomes) {
 
 bool AllDone(const std::vector<MessageOutcome>& outcomes) {
     return std::all_of(outcomes.begin(), outcomes.end(),
-                       [](const auto& outcome) { return outcome.state == MessageOutcome::Done; });
+                       [](const auto& outcome) { return outcome.state == MessageOutcome::State::Done; });
 }
 
 }  // namespace tarnbridge

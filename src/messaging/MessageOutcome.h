@@ -11,11 +11,10 @@ namespace tarnbridge {
 /// What became of one message in a task.
 struct MessageOutcome {
     enum class State { NotTried, Done, Failed };
-    using enum State;
 
     void Fail(Word why, int handsetError = -1, std::vector<int> locations = {});
 
-    State state = NotTried;
+    State state = State::NotTried;
     std::u16string title;         ///< tells the message from others: address and time
     Word words = Word::Count;     ///< of a failure
     int error = -1;               ///< of a failure: the handset's number, if it gave one

@@ -32,7 +32,7 @@ void MessageRemoval::RemoveOnPc() {
             tree_.OnPc(messageTrashPlace).Append(std::move(record));
     }
     for (MessageOutcome& outcome : outcomes_)
-        outcome.state = MessageOutcome::Done;
+        outcome.state = MessageOutcome::State::Done;
     keeper_.PcFoldersChanged();
     End();
 }
@@ -52,7 +52,7 @@ void MessageRemoval::Next() {
        [this, work, &source, &outcome](int done, int error) {
            if (done && work->leftBehind.empty()) {
                TakeRecords(folder_, {&source});
-               outcome.state = MessageOutcome::Done;
+               outcome.state = MessageOutcome::State::Done;
            } else {
                source.handsetIndices = work->leftBehind;
                outcome.Fail(Word::MessageNotDeleted, error, work->leftBehind);

@@ -61,7 +61,7 @@ void MessageSending::Next() {
 void MessageSending::Sent(bool done, int error) {
     MessageOutcome& outcome = items_[current_].outcome;
     if (done)
-        outcome.state = MessageOutcome::Done;
+        outcome.state = MessageOutcome::State::Done;
     else
         outcome.Fail(Word::SendFailed, error);
     ++current_;
@@ -76,7 +76,7 @@ void MessageSending::FinishRecord(size_t first, size_t end) {
     std::vector<std::string> sent;
     std::vector<std::string> left;
     for (size_t i = first; i < end; ++i)
-        (items_[i].outcome.state == MessageOutcome::Done ? sent : left).push_back(items_[i].number);
+        (items_[i].outcome.state == MessageOutcome::State::Done ? sent : left).push_back(items_[i].number);
     if (sent.empty()) return;
     MessageFolder& folder = *items_[first].folder;
     SmsRecord& record = *items_[first].record;

@@ -70,7 +70,7 @@ void MessageTransfer::TransferOnPc() {
         stored_.push_back(&request_.to->Append(std::move(record)));
     }
     for (MessageOutcome& outcome : outcomes_)
-        outcome.state = MessageOutcome::Done;
+        outcome.state = MessageOutcome::State::Done;
     pcChanged_ = true;
 }
 
@@ -80,7 +80,7 @@ bool MessageTransfer::CopyToPc() {
         const SmsRecord* const source = request_.records[i];
         if (!Holds(*request_.from, source)) continue;
         copies_[i] = &request_.to->Append(PcCopy(*source));
-        if (!request_.move) outcomes_[i].state = MessageOutcome::Done;
+        if (!request_.move) outcomes_[i].state = MessageOutcome::State::Done;
     }
     pcChanged_ = true;
     return !request_.move || keeper_.SaveNow();
@@ -208,7 +208,7 @@ void MessageTransfer::KeepInMirror(Work& work) {
 }
 
 void MessageTransfer::Done() {
-    outcomes_[current_].state = MessageOutcome::Done;
+    outcomes_[current_].state = MessageOutcome::State::Done;
     GoOn();
 }
 
@@ -235,7 +235,7 @@ void MessageTransfer::Finish() {
         for (size_t i = 0; i < copies_.size(); ++i) {
             const MessageOutcome& outcome = outcomes_[i];
             const bool begun =
-                outcome.state != MessageOutcome::NotTried && outcome.words != Word::MessageNotSaved;
+                outcome.state != MessageOutcome::State::NotTried && outcome.words != Word::MessageNotSaved;
             if (copies_[i] && !begun) unused.push_back(std::exchange(copies_[i], nullptr));
         }
         TakeRecords(*request_.to, unused);

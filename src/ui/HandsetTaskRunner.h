@@ -8,11 +8,11 @@
 #include "core/base/HandsetTask.h"
 #include "core/base/UserInteraction.h"
 #include "ui/MessageReceiver.h"
+#include "ui/messages/TaskDialog.h"
 
 namespace tarnbridge {
 
 class CTarnbridgeDoc;
-class TaskDialog;
 
 /// Runs the tasks of a view, one at a time, with their progress shown over the window. While one runs the
 /// view can't be switched. For the interface thread.

@@ -37,7 +37,7 @@ protected:
         Strings results;
         for (const MessageSending::Item& item : items) {
             const char* const states[] = {"not tried", "done", "failed"};
-            results.push_back(item.number + ":" + states[item.outcome.state]);
+            results.push_back(item.number + ":" + states[static_cast<int>(item.outcome.state)]);
             if (item.outcome.error >= 0) results.back() += " " + std::to_string(item.outcome.error);
         }
         return results;

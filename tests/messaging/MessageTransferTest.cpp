@@ -121,7 +121,7 @@ TEST_F(Transfer, ACancelLeavesTheRestAsItWas) {
     EXPECT_EQ(Texts(inbox), (Strings{"a", "b"})) << "a copy goes when its message stays";
     EXPECT_EQ(Texts(handsetInbox), Strings{"c"});
     EXPECT_EQ(session.Locations("ME").size(), 1u);
-    EXPECT_EQ(outcomes[2].state, MessageOutcome::NotTried);
+    EXPECT_EQ(outcomes[2].state, MessageOutcome::State::NotTried);
 }
 
 TEST_F(Transfer, WhatCannotBeReadWholeIsNotWrittenAnew) {

@@ -53,7 +53,7 @@ void MessageOperations::Report(const HandsetTask& task, const std::vector<Messag
                                std::u16string words) {
     AddLine(words, FailureWords(outcomes));
     const auto left = std::count_if(outcomes.begin(), outcomes.end(), [](const MessageOutcome& outcome) {
-        return outcome.state == MessageOutcome::NotTried;
+        return outcome.state == MessageOutcome::State::NotTried;
     });
     if (task.LostHandset()) AddLine(words, Words(Word::HandsetLost));
     if (left > 0)
@@ -70,8 +70,8 @@ void MessageOperations::Read() {
     if (runner_.IsBusy() || document_.User().Ask(Words(Word::DownloadMessages)) != Answer::Yes) return;
     for (const KeptSelections::Kept& kept : kept_.AllIn(tree_.HandsetRoot()))
         kept->records.clear();
-    runner_.Run(std::make_unique<CSmsReadDialog>(
-                    std::make_unique<MessageDownload>(document_.Worker(), tree_), owner_->window()),
+    runner_.Run(std::make_unique<CSmsReadDialog>(std::make_unique<MessageDownload>(document_.Worker(), tree_),
+                                                 owner_->window()),
                 [this] { Q_EMIT changed(); });
 }
 

@@ -54,7 +54,7 @@ void SendingDialog::ShowRows(size_t end) {
     for (size_t item = shown_; item < end; ++item) {
         QTreeWidgetItem* const row = rows_->topLevelItem(static_cast<int>(item));
         row->setText(StatusColumn, StatusOf(item));
-        const bool failed = sending_->Items()[item].outcome.state == MessageOutcome::Failed;
+        const bool failed = sending_->Items()[item].outcome.state == MessageOutcome::State::Failed;
         row->setIcon(StatusColumn, failed ? ThemedIcon(QStringLiteral("warning")) : QIcon());
         rows_->scrollToItem(row);
     }
@@ -63,12 +63,12 @@ void SendingDialog::ShowRows(size_t end) {
 QString SendingDialog::StatusOf(size_t item) const {
     const MessageOutcome& outcome = sending_->Items()[item].outcome;
     switch (outcome.state) {
-        case MessageOutcome::Done:
+        case MessageOutcome::State::Done:
             return QWords(Word::SendSuccess);
-        case MessageOutcome::Failed:
+        case MessageOutcome::State::Failed:
             return outcome.error >= 0 ? QWords(Word::SendFailedError, {outcome.error})
                                       : QWords(outcome.words);
-        case MessageOutcome::NotTried:
+        case MessageOutcome::State::NotTried:
             break;
     }
     return QWords(IsRunning() && item == current_ ? Word::SendUnderWay : Word::SendNotTried);
@@ -78,7 +78,7 @@ bool SendingDialog::ShowEnd() {
     ShowRows(sending_->Items().size());
     const auto& items = sending_->Items();
     const auto sent = std::count_if(items.begin(), items.end(), [](const MessageSending::Item& item) {
-        return item.outcome.state == MessageOutcome::Done;
+        return item.outcome.state == MessageOutcome::State::Done;
     });
     QString words =
         QWords(Word::SendingSummary, {static_cast<int64_t>(sent), static_cast<int64_t>(items.size())});
