@@ -106,13 +106,21 @@ TEST_F(TaskDialogTest, ALostHandsetIsTold) {
 
 TEST_F(TaskDialogTest, AHandsetInUseIsRefusedAndADialogMayGoWhileItRuns) {
     SmsRecord& record = PutFor("111");
-    auto first = Sending({&record});
-    ASSERT_TRUE(first->Start());
-    const auto second = Sending({&record});
-    EXPECT_FALSE(second->Start());
-    EXPECT_FALSE(second->isVisible());
-    first.reset();
-    EXPECT_TRUE(Await([this] { return !worker.IsBusy(); }));
+    Event goOn{ResetMode::Manual};
+    ASSERT_TRUE(worker.RequestJob({}, BackgroundWorker::FirstFeatureJob, 1, [&goOn](HandsetLink&, int&) {
+        goOn.Wait(forever);
+        return 1;
+    }));
+    const auto refused = Sending({&record});
+    EXPECT_FALSE(refused->Start());
+    EXPECT_FALSE(refused->isVisible());
+    goOn.Set();
+    const auto isFree = [this] { return !worker.IsBusy(); };
+    ASSERT_TRUE(Await(isFree));
+    auto closed = Sending({&record});
+    ASSERT_TRUE(closed->Start());
+    closed.reset();
+    EXPECT_TRUE(Await(isFree));
     QCoreApplication::processEvents();
 }
 
