@@ -6,7 +6,9 @@ namespace tarnbridge {
 
 std::optional<SaveTarget> AskSaveTarget(const MessageTree& tree, const SaveOffer& offer,
                                         UserInteraction& user) {
-    FolderQuestion question{.title = Words(Word::SaveMessageTo), .suggestedMemory = offer.preferredMemory};
+    FolderQuestion question{.title = Words(Word::SaveMessageTo),
+                            .suggestedMemory = offer.preferredMemory,
+                            .refusal = Words(Word::ChooseFolderToSave)};
     std::vector<MessageFolder*> folders;
 
     struct Waiting {

@@ -146,7 +146,8 @@ TEST_F(Dialogs, ChooseAFolderAndItsMemory) {
         u"Save to...",
         {{u"Phone", 0, false}, {u"Inbox", 1, true, {u"ME", u"SM"}}, {u"PC", 0, false}, {u"Draft", 1}},
         1,
-        u"SM"};
+        u"SM",
+        u"Choose one."};
     const auto answer = [&](const std::function<void(QDialog&)>& use) {
         test::OnDialog(QStringLiteral("folders"), use);
         return user.ChooseFolder(question);
@@ -164,6 +165,11 @@ TEST_F(Dialogs, ChooseAFolderAndItsMemory) {
         auto* const ok = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
         tree->setCurrentIndex(tree->model()->index(1, 0));
         EXPECT_FALSE(ok->isEnabled()) << "a root is shown for its children only";
+        const auto labels = dialog.findChildren<QLabel*>();
+        const auto isRefusal = [](const QLabel* label) {
+            return label->text() == QLatin1String("Choose one.") && label->isVisible();
+        };
+        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), isRefusal)) << "and the user is told why";
         tree->setCurrentIndex(tree->model()->index(0, 0, tree->model()->index(1, 0)));
         EXPECT_FALSE(dialog.findChild<QComboBox*>()->isEnabled());
         ok->click();

@@ -8,8 +8,10 @@
 #include "core/app/CTarnbridgeDoc.h"
 #include "messaging/ems/Ems.h"
 #include "ui/messages/CSmsDialog.h"
+#include "ui/messages/CSmsReadDialog.h"
 #include "ui/messages/MessageEdit.h"
 #include "ui/messages/MessageReader.h"
+#include "ui/messages/SendingDialog.h"
 
 namespace tarnbridge {
 namespace {
@@ -68,6 +70,41 @@ void Fill(MessageEditor& editor) {
     Write(editor, u"\nsmall and right", {.size = 8, .alignment = 2, .italic = 1});
 }
 
+struct NoKeeper : MessageKeeper {
+    void PcFoldersChanged() override {}
+    bool SaveNow() override { return true; }
+};
+
+void AwaitEnd(const TaskDialog& dialog) {
+    while (dialog.IsRunning())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void ShowTasks(CTarnbridgeDoc& document, const std::function<void(QWidget&, const QString&)>& grab) {
+    const MessageTree tree(document.Content().messageRoot);
+    MessageFolder& outbox = tree.OnPc(outboxPlace);
+    std::vector<MessageSending::Waiting> waiting;
+    for (const char* const numbers : {"+46701740601,+46701740602", "", "112,+46701740603,+46701740604"}) {
+        auto record = std::make_unique<SmsRecord>();
+        record->text8 = "Hello";
+        record->address = SmsAddress(numbers, 0);
+        record->timestamp = {.year = 24, .month = 5, .day = 6, .hour = 17, .minute = 8, .second = 9};
+        record->messageType = SmsRecord::submit;
+        waiting.push_back({&outbox, &outbox.Append(std::move(record))});
+    }
+    NoKeeper keeper;
+    SendingDialog sending(
+        std::make_unique<MessageSending>(document.Worker(), tree, keeper, document.Time(), waiting));
+    sending.Start();
+    grab(sending, QStringLiteral("message-sending"));
+    AwaitEnd(sending);
+    grab(sending, QStringLiteral("message-sent"));
+    CSmsReadDialog reading(std::make_unique<MessageDownload>(document.Worker(), tree));
+    reading.Start();
+    grab(reading, QStringLiteral("message-reading"));
+    AwaitEnd(reading);
+}
+
 }  // namespace
 
 void ShowMessageWidgets(CTarnbridgeDoc& document, const std::function<void(QWidget&, const QString&)>& grab) {
@@ -114,6 +151,7 @@ void ShowMessageWidgets(CTarnbridgeDoc& document, const std::function<void(QWidg
     record.timestamp = {.year = 24, .month = 5, .day = 6, .hour = 17, .minute = 8, .second = 9};
     reader.Show(record, QStringLiteral("Inbox"));
     grab(reader, QStringLiteral("message-reader"));
+    ShowTasks(document, grab);
 }
 
 }  // namespace tarnbridge

@@ -49,6 +49,7 @@ struct FolderQuestion {
     std::vector<FolderRow> rows{};
     size_t suggestedRow = 0;
     std::u16string suggestedMemory{};
+    std::u16string refusal{};  ///< what the user is told while no selectable row is chosen
 };
 
 struct FolderChoice {

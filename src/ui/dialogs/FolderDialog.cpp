@@ -32,6 +32,7 @@ FolderDialog::FolderDialog(const FolderQuestion& question, QWidget* parent)
       question_(question),
       model_(new QStandardItemModel(this)),
       tree_(new QTreeView),
+      refusal_(new QLabel(ToQString(question.refusal))),
       memoryLabel_(new QLabel(QWords(Word::MemoryLabel))),
       memory_(new QComboBox),
       buttons_(MakeOkCancel(*this)) {
@@ -42,12 +43,15 @@ FolderDialog::FolderDialog(const FolderQuestion& question, QWidget* parent)
     tree_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     tree_->setAccessibleName(ToQString(question.title));
     memoryLabel_->setBuddy(memory_);
+    refusal_->setTextFormat(Qt::PlainText);
+    refusal_->setWordWrap(true);
 
     auto* const memoryRow = new QHBoxLayout;
     memoryRow->addWidget(memoryLabel_);
     memoryRow->addWidget(memory_, 1);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(tree_, 1);
+    layout->addWidget(refusal_);
     layout->addLayout(memoryRow);
     layout->addWidget(buttons_);
     resize(sizeHint().expandedTo(QSize(380, 360)));
@@ -91,6 +95,7 @@ void FolderDialog::ShowMemoriesOf(const QModelIndex& index) {
     memory_->setEnabled(memory_->count() > 0);
     memoryLabel_->setEnabled(memory_->isEnabled());
     buttons_->button(QDialogButtonBox::Ok)->setEnabled(selectable);
+    refusal_->setVisible(!selectable && !question_.refusal.empty());
 }
 
 FolderChoice FolderDialog::Choice() const {

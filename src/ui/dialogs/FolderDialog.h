@@ -31,6 +31,7 @@ private:
     const FolderQuestion question_;
     QStandardItemModel* const model_;
     QTreeView* const tree_;
+    QLabel* const refusal_;
     QLabel* const memoryLabel_;
     QComboBox* const memory_;
     QDialogButtonBox* const buttons_;

@@ -7,12 +7,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "ui/Icons.h"
 #include "ui/QtText.h"
+#include "ui/frame/ToolbarView.h"
 #include "ui/messages/Command.h"
 #include "ui/messages/FormatCommands.h"
 #include "ui/messages/MessageEdit.h"
@@ -22,8 +22,7 @@
 namespace tarnbridge {
 namespace {
 
-constexpr QSize usualSize(760, 460);
-constexpr int iconSide = 20;
+constexpr QSize usualSize(820, 480);
 constexpr qsizetype longestTitle = 40;
 
 }  // namespace
@@ -120,11 +119,10 @@ void CSmsDialog::MakeMenus(const FormatCommands& formats, const ObjectCommands& 
 }
 
 void CSmsDialog::MakeToolBar(const FormatCommands& formats, const ObjectCommands& objects) {
-    QToolBar* const bar = addToolBar(QWords(Word::ToolbarName));
+    auto* const bar = new ToolbarView;
     bar->setObjectName(QStringLiteral("tools"));
-    bar->setMovable(false);
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->setIconSize({iconSide, iconSide});
+    bar->setWindowTitle(QWords(Word::ToolbarName));
+    addToolBar(bar);
     bar->addActions({send_, save_});
     qobject_cast<QToolButton*>(bar->widgetForAction(send_))->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bar->addSeparator();

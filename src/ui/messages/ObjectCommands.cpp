@@ -32,7 +32,7 @@ ObjectCommands::ObjectCommands(MessageEdit& text, UserInteraction& user)
     for (int number = 0; number < mostPredefinedSounds; ++number)
         add(*sounds_, MessageObject::PredefinedSound(number));
     sounds_->addSeparator();
-    QAction* const melody = MakeCommand(this, {"insertMelody", Word::InsertFromFile, "open"});
+    QAction* const melody = MakeCommand(this, {"insertMelody", Word::InsertFromFile, "folder"});
     sounds_->addAction(melody);
     connect(melody, &QAction::triggered, this, [this] {
         InsertFile(Word::InsertSound, {Words(Word::MelodyFiles), {"*.imy"}}, ReadMelodyFile);

@@ -11,7 +11,7 @@
 namespace tarnbridge {
 namespace {
 
-enum Column { RecipientColumn, StatusColumn };
+constexpr int statusColumn = 1;
 
 constexpr QSize usualSize(420, 340);
 
@@ -28,9 +28,7 @@ SendingDialog::SendingDialog(std::unique_ptr<MessageSending> sending, QWidget* p
     rows_->setRootIsDecorated(false);
     rows_->setUniformRowHeights(true);
     rows_->setSelectionMode(QAbstractItemView::NoSelection);
-    rows_->header()->setSectionResizeMode(RecipientColumn, QHeaderView::Stretch);
-    rows_->header()->setSectionResizeMode(StatusColumn, QHeaderView::ResizeToContents);
-    rows_->header()->setStretchLastSection(false);
+    rows_->header()->setSectionResizeMode(QHeaderView::Stretch);
     QList<QTreeWidgetItem*> items;
     for (const MessageSending::Item& item : sending_->Items())
         items << new QTreeWidgetItem({ToQString(item.outcome.title), QWords(Word::SendWaiting)});
@@ -53,9 +51,10 @@ void SendingDialog::ShowStanding(const HandsetTask::Standing& standing) {
 void SendingDialog::ShowRows(size_t end) {
     for (size_t item = shown_; item < end; ++item) {
         QTreeWidgetItem* const row = rows_->topLevelItem(static_cast<int>(item));
-        row->setText(StatusColumn, StatusOf(item));
+        row->setText(statusColumn, StatusOf(item));
+        row->setToolTip(statusColumn, row->text(statusColumn));
         const bool failed = sending_->Items()[item].outcome.state == MessageOutcome::State::Failed;
-        row->setIcon(StatusColumn, failed ? ThemedIcon(QStringLiteral("warning")) : QIcon());
+        row->setIcon(statusColumn, failed ? ThemedIcon(QStringLiteral("warning")) : QIcon());
         rows_->scrollToItem(row);
     }
 }
