@@ -1535,19 +1535,19 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Im Ausgang des PCs wartet keine Nachricht.</translation>
     </message>
     <message>
-        <source>%d of %d messages were left as they were.</source>
+        <source>Messages left as they were: %d of %d</source>
         <comment>MessagesNotTried</comment>
-        <translation>%d von %d Nachrichten blieben, wie sie waren.</translation>
+        <translation>Nachrichten, die blieben, wie sie waren: %d von %d</translation>
     </message>
     <message>
-        <source>%d messages have no text and were left out.</source>
+        <source>Messages without text, which were left out: %d</source>
         <comment>MessagesWithoutText</comment>
-        <translation>%d Nachrichten haben keinen Text und wurden ausgelassen.</translation>
+        <translation>Nachrichten ohne Text, die ausgelassen wurden: %d</translation>
     </message>
     <message>
-        <source>%d messages were imported. %d lines of the file are not messages and were left out.</source>
+        <source>Messages imported: %d. Lines that are not messages and were left out: %d.</source>
         <comment>LinesRefused</comment>
-        <translation>%d Nachrichten wurden importiert. %d Zeilen der Datei sind keine Nachrichten und wurden ausgelassen.</translation>
+        <translation>Importierte Nachrichten: %d. Zeilen, die keine Nachrichten sind und ausgelassen wurden: %d.</translation>
     </message>
     <message>
         <source>%s is a name and not a number: the message can't be answered.</source>

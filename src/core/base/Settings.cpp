@@ -74,6 +74,8 @@ const std::vector<Settings::Row>& Settings::Rows() {
         {"Mms", "Path", text(u"")},
         {"LongSms", "Sms", text(u"TRUE")},
         {"7Bit", "Sms", text(u"FALSE")},
+        {"Folder", "Sms", list},
+        {"Sorting", "Sms", list},
     };
     return rows;
 }

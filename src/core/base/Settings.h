@@ -42,6 +42,8 @@ enum class SettingIndex : int {
     MmsFolder,
     LongSms,      ///< text: `TRUE` allows messages of several parts
     SevenBitSms,  ///< text: `TRUE` sends with 7-bit coding
+    SmsFolder,    ///< list: the rows from the root of the folders to the one last open
+    SmsSorting,   ///< list: the column that the messages are sorted by, and 1 if downwards
     Count
 };
 

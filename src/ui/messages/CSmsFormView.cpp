@@ -25,10 +25,6 @@
 namespace tarnbridge {
 namespace {
 
-// What the frame keeps for the next view of its run.
-constexpr const char* sortingProperty = "messageSorting";
-constexpr const char* folderProperty = "messageFolder";
-
 constexpr int defaultSplitter[] = {190, 600, 280, 220};
 constexpr int defaultColumns[] = {10, 24, 26, 40};  // in characters
 constexpr int narrowest = 20;
@@ -48,17 +44,18 @@ std::vector<int32_t> SizesOr(const std::vector<int32_t>& stored, const int (&oth
 }
 
 /// The places from the root down to an index, and back.
-QVariantList PathOf(QModelIndex index) {
-    QVariantList path;
+std::vector<int32_t> PathOf(QModelIndex index) {
+    std::vector<int32_t> path;
     for (; index.isValid(); index = index.parent())
-        path.prepend(index.row());
+        path.push_back(index.row());
+    std::reverse(path.begin(), path.end());
     return path;
 }
 
-QModelIndex IndexAt(const QAbstractItemModel& model, const QVariantList& path) {
+QModelIndex IndexAt(const QAbstractItemModel& model, const std::vector<int32_t>& path) {
     QModelIndex index;
-    for (const QVariant& row : path) {
-        const QModelIndex next = model.index(row.toInt(), 0, index);
+    for (const int32_t row : path) {
+        const QModelIndex next = model.index(row, 0, index);
         if (!next.isValid()) break;
         index = next;
     }
@@ -89,15 +86,15 @@ CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent)
     find_->setClearButtonEnabled(true);
     find_->addAction(ThemedIcon(QStringLiteral("find")), QLineEdit::LeadingPosition);
 
-    stack_->addWidget(list_);
     messageSplitter_->setObjectName(QStringLiteral("messageSplitter"));
-    messageSplitter_->addWidget(stack_);
+    messageSplitter_->addWidget(list_);
     messageSplitter_->addWidget(reader_);
+    stack_->addWidget(messageSplitter_);
     auto* const right = new QWidget;
     auto* const column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(find_);
-    column->addWidget(messageSplitter_, 1);
+    column->addWidget(stack_, 1);
     splitter_->setObjectName(QStringLiteral("splitter"));
     splitter_->addWidget(tree_);
     splitter_->addWidget(right);
@@ -215,10 +212,6 @@ void CSmsFormView::Connect() {
         if (!refreshing_) ShowSelected();
     });
     connect(list_, &QTreeView::activated, commands_->Get(C::OpenMessage), &QAction::trigger);
-    connect(list_->header(), &QHeaderView::sortIndicatorChanged, this,
-            [this](int column, Qt::SortOrder order) {
-                parentWidget()->setProperty(sortingProperty, QVariantList{column, static_cast<int>(order)});
-            });
     connect(
         treeModel_, &MessageTreeModel::messagesDropped, this,
         [this](MessageFolder* from, const std::vector<SmsRecord*>& records, MessageFolder* to, bool move) {
@@ -289,22 +282,24 @@ void CSmsFormView::RestoreState() {
     for (int column = 0; column < MessageListModel::TextColumn; ++column)
         list_->header()->resizeSection(column, columns[static_cast<size_t>(column)]);
 
-    const QVariantList sorting = parentWidget()->property(sortingProperty).toList();
-    if (sorting.size() == 2)
-        list_->sortByColumn(sorting[0].toInt(), static_cast<Qt::SortOrder>(sorting[1].toInt()));
-    else
-        list_->sortByColumn(MessageListModel::TimeColumn, Qt::DescendingOrder);
+    auto sorting = settings.GetList(SettingIndex::SmsSorting);
+    if (sorting.size() != 2 || sorting[0] < 0 || sorting[0] >= MessageListModel::ColumnCount)
+        sorting = {MessageListModel::TimeColumn, 1};
+    list_->sortByColumn(sorting[0], sorting[1] == 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
 
-    const QVariantList path = parentWidget()->property(folderProperty).toList();
-    tree_->setCurrentIndex(path.isEmpty() ? treeModel_->IndexOf(&operations_->Tree().OnHandset(inboxPlace))
-                                          : IndexAt(*treeModel_, path));
+    const QModelIndex folder = IndexAt(*treeModel_, settings.GetList(SettingIndex::SmsFolder));
+    tree_->setCurrentIndex(
+        folder.isValid() ? folder : treeModel_->IndexOf(&operations_->Tree().OnHandset(inboxPlace)));
 }
 
 /// Sizes of a view that was never on the screen mean nothing.
 void CSmsFormView::SaveState() {
-    parentWidget()->setProperty(folderProperty, PathOf(tree_->currentIndex()));
-    if (!wasShown_) return;
     Settings& settings = Document().Preferences();
+    settings.SetList(SettingIndex::SmsFolder, PathOf(tree_->currentIndex()));
+    settings.SetList(SettingIndex::SmsSorting,
+                     {list_->header()->sortIndicatorSection(),
+                      list_->header()->sortIndicatorOrder() == Qt::AscendingOrder ? 0 : 1});
+    if (!wasShown_) return;
     const QList<int> outer = splitter_->sizes();
     const QList<int> inner = messageSplitter_->sizes();
     settings.SetList(SettingIndex::SmsSplitter, {outer[0], outer[1], inner[0], inner[1]});
@@ -448,7 +443,7 @@ void CSmsFormView::ShowHint() {
         stack_->addWidget(hint_);
         stack_->setCurrentWidget(hint_);
     } else {
-        stack_->setCurrentWidget(list_);
+        stack_->setCurrentWidget(messageSplitter_);
     }
 }
 

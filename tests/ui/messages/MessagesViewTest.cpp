@@ -255,7 +255,7 @@ TEST_F(MessagesView, FindingFiltersAndKeepsTheSelection) {
     EXPECT_EQ(Messages().rowCount(), 3);
 }
 
-TEST_F(MessagesView, KeepsWidthsForTheNextStartAndSortingAndFolderForTheRun) {
+TEST_F(MessagesView, KeepsWidthsSortingAndFolderForTheNextStart) {
     Start();
     Frame().resize(1100, 700);
     EXPECT_EQ(List().header()->sortIndicatorSection(), MessageListModel::TimeColumn);
@@ -275,15 +275,20 @@ TEST_F(MessagesView, KeepsWidthsForTheNextStartAndSortingAndFolderForTheRun) {
     QCoreApplication::processEvents();
     EXPECT_EQ(List().header()->sectionSize(MessageListModel::AddressColumn), 187);
     EXPECT_NEAR(Find<QSplitter>(QStringLiteral("splitter")).sizes()[0], tree, 3);
-    EXPECT_EQ(List().header()->sortIndicatorSection(), MessageListModel::TimeColumn);
+    EXPECT_EQ(Folders().FolderAt(Tree().currentIndex()), &Content().OnPc(personalPlace));
+    EXPECT_EQ(List().header()->sortIndicatorSection(), MessageListModel::TextColumn);
     Close();
 
     Settings damaged(*store);
     damaged.SetList(SettingIndex::SmsColumns, {5, -7, 1'000'000'000, 0});
     damaged.SetList(SettingIndex::SmsSplitter, {1});
+    damaged.SetList(SettingIndex::SmsFolder, {-1, 77});
+    damaged.SetList(SettingIndex::SmsSorting, {9, 9});
     Start();
     for (int column = 0; column < MessageListModel::ColumnCount; ++column)
         EXPECT_GE(List().header()->sectionSize(column), 20);
+    EXPECT_EQ(Folders().FolderAt(Tree().currentIndex()), &Content().OnHandset(inboxPlace));
+    EXPECT_EQ(List().header()->sortIndicatorSection(), MessageListModel::TimeColumn);
 }
 
 TEST_F(MessagesView, ExportsAndImports) {
