@@ -1310,6 +1310,11 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Keine Nachricht gewählt</translation>
     </message>
     <message>
+        <source>Messages chosen: %d</source>
+        <comment>ReaderSeveralTitle</comment>
+        <translation>Ausgewählte Nachrichten: %d</translation>
+    </message>
+    <message>
         <source>Choose a message in the list to read it here.</source>
         <comment>ReaderEmptyHint</comment>
         <translation>Wählen Sie in der Liste eine Nachricht, um sie hier zu lesen.</translation>
@@ -1335,9 +1340,9 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>%d/%d</translation>
     </message>
     <message>
-        <source>%d of %d were sent.</source>
+        <source>Sent: %d of %d</source>
         <comment>SendingSummary</comment>
-        <translation>%d von %d wurden gesendet.</translation>
+        <translation>Gesendet: %d von %d</translation>
     </message>
     <message>
         <source>Waiting</source>

@@ -17,25 +17,29 @@ constexpr qreal titleScale = 1.3;
 }  // namespace
 
 EmptyHint::EmptyHint(const QString& icon, const QString& title, const QString& hint, QWidget* parent)
-    : QWidget(parent), icon_(icon), picture_(new QLabel), layout_(new QVBoxLayout(this)) {
-    auto* const titleLabel = new QLabel(title);
-    QFont font = titleLabel->font();
+    : QWidget(parent), icon_(icon), picture_(new QLabel), title_(new QLabel), layout_(new QVBoxLayout(this)) {
+    QFont font = title_->font();
     font.setPointSizeF(font.pointSizeF() * titleScale);
     font.setBold(true);
-    titleLabel->setFont(font);
+    title_->setFont(font);
+    SetTitle(title);
     auto* const hintLabel = new QLabel(hint);
     hintLabel->setWordWrap(true);
-    setAccessibleName(title);
     setAccessibleDescription(hint);
 
     layout_->addStretch(2);
-    for (QLabel* const label : {picture_, titleLabel, hintLabel}) {
+    for (QLabel* const label : {picture_, title_, hintLabel}) {
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(Qt::AlignCenter);
         layout_->addWidget(label);
     }
     layout_->addStretch(3);
     Draw();
+}
+
+void EmptyHint::SetTitle(const QString& title) {
+    title_->setText(title);
+    setAccessibleName(title);
 }
 
 void EmptyHint::Offer(QAction* action) {

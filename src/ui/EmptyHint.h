@@ -16,6 +16,8 @@ public:
     /// \param icon  name of a ThemedIcon
     EmptyHint(const QString& icon, const QString& title, const QString& hint, QWidget* parent = nullptr);
 
+    void SetTitle(const QString& title);
+
     /// Adds a button for the command that fills this place.
     void Offer(QAction* action);
 
@@ -27,6 +29,7 @@ private:
 
     const QString icon_;
     QLabel* const picture_;
+    QLabel* const title_;
     QVBoxLayout* const layout_;
 };
 

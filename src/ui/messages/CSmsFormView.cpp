@@ -17,6 +17,7 @@
 #include "ui/Icons.h"
 #include "ui/QtText.h"
 #include "ui/messages/MessageListModel.h"
+#include "ui/messages/MessageListView.h"
 #include "ui/messages/MessageOperations.h"
 #include "ui/messages/MessagePrinting.h"
 #include "ui/messages/MessageReader.h"
@@ -75,7 +76,7 @@ CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent)
       tree_(new QTreeView),
       find_(new QLineEdit),
       stack_(new QStackedWidget),
-      list_(new QTreeView),
+      list_(new MessageListView),
       reader_(new MessageReader),
       editors_(document, *operations_, this) {
     MakeTree();
@@ -449,7 +450,7 @@ void CSmsFormView::ShowHint() {
 
 void CSmsFormView::ShowSelected() {
     const SmsRecord* const record = TheSelected();
-    if (!record) reader_->Clear();
+    if (!record) reader_->Clear(list_->selectionModel()->selectedRows().size());
     if (record) {
         reader_->Show(*record, tree_->currentIndex().data(Qt::EditRole).toString());
         if (operations_->MarkRead(Selected())) {

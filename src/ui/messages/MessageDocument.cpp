@@ -285,9 +285,12 @@ void MessageDocument::drawObject(QPainter* painter, const QRectF& rect, QTextDoc
         const QRectF icon(box.left() + labelPadding, box.center().y() - side / 2, side, side);
         ThemedIcon(IconOfObject(*object)).paint(painter, icon.toRect());
         const QRectF words = box.adjusted(2 * labelPadding + side, 0, -labelPadding, 0);
-        painter->setFont(defaultFont());
+        // Points would be counted in the dots of a printer, whose scale the painter has already.
+        QFont font = defaultFont();
+        font.setPixelSize(QFontInfo(font).pixelSize());
+        painter->setFont(font);
         painter->setPen(palette_.color(QPalette::ButtonText));
-        const QFontMetricsF metrics(defaultFont());
+        const QFontMetricsF metrics(font);
         painter->drawText(words, Qt::AlignVCenter | Qt::AlignLeft,
                           metrics.elidedText(NameOfObject(*object), Qt::ElideRight, words.width() + 1));
     }

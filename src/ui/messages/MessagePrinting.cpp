@@ -15,8 +15,9 @@
 namespace tarnbridge {
 namespace {
 
-constexpr qreal screenResolution = 96;  // the dots an inch that everything is laid out in
-constexpr qreal gap = 10;               // between two messages, in such dots
+constexpr qreal screenResolution = 96;        // the dots an inch that everything is laid out in
+constexpr qreal gap = 10;                     // between two messages, in such dots
+constexpr QMarginsF margins(15, 15, 15, 15);  // in millimetres
 
 QPalette PaperPalette() {
     QPalette palette(Qt::white);
@@ -97,6 +98,7 @@ private:
 void PreparePrinter(QPrinter& printer) {
     printer.setDocName(QWords(Word::FeatureMessages));
     printer.setCreator(QWords(Word::ProgramName));
+    printer.setPageMargins(margins, QPageLayout::Millimeter);
 }
 
 }  // namespace

@@ -83,7 +83,9 @@ void MessageReader::Show(const SmsRecord& record, const QString& folder) {
     setCurrentWidget(page_);
 }
 
-void MessageReader::Clear() {
+void MessageReader::Clear(qsizetype chosen) {
+    empty_->SetTitle(chosen > 0 ? QWords(Word::ReaderSeveralTitle, {static_cast<int64_t>(chosen)})
+                                : QWords(Word::ReaderEmptyTitle));
     text_->ShowMessage({});
     setCurrentWidget(empty_);
 }

@@ -9,6 +9,8 @@ class QLabel;
 
 namespace tarnbridge {
 
+class EmptyHint;
+
 /// The reading pane: a message with its sender or recipients, its time and its folder, or, where there is
 /// none, what to do.
 class MessageReader : public QStackedWidget {
@@ -20,12 +22,14 @@ public:
     /// Shows a copy; the record may go afterwards.
     /// \param folder  what its folder is called
     void Show(const SmsRecord& record, const QString& folder);
-    void Clear();
+    /// Shows none.
+    /// \param chosen  how many messages are chosen in the list
+    void Clear(qsizetype chosen = 0);
 
     MessageTextView& Text() { return *text_; }
 
 private:
-    QWidget* const empty_;
+    EmptyHint* const empty_;
     QWidget* const page_;
     QLabel* const addressTitle_;
     QLabel* const address_;

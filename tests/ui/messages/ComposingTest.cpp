@@ -51,7 +51,7 @@ TEST_F(Composing, SendsByWayOfTheOutbox) {
     handset.SetFaults({"error=+CMGS:512,times=1"});
     InEditor("send");
     EXPECT_TRUE(AwaitNoEditor());
-    EXPECT_EQ(told, QStringList{QStringLiteral("1 of 2 were sent.")});
+    EXPECT_EQ(told, QStringList{QStringLiteral("Sent: 1 of 2")});
     ASSERT_EQ(TextsIn(sent), Texts{u"Hello"});
     EXPECT_EQ(sent.records[0]->address.number, "+4670123");
     ASSERT_EQ(TextsIn(outbox), Texts{u"Hello"});

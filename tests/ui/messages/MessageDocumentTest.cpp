@@ -173,6 +173,34 @@ TEST_F(DocumentTest, APictureIsDrawnInWholePixels) {
     EXPECT_EQ(document.ObjectAt(place.bottomRight() + QPointF(5, 5)), -1);
 }
 
+/// What is grey on the screen is grey on paper: how dark the picture is.
+double DarknessAt(QTextDocument& document, int scale) {
+    document.setTextWidth(300);
+    QImage image(300 * scale, 60 * scale, QImage::Format_RGB32);
+    image.setDotsPerMeterX(image.dotsPerMeterX() * scale);
+    image.setDotsPerMeterY(image.dotsPerMeterY() * scale);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    document.drawContents(&painter);
+    double darkness = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            darkness += 255 - qGray(image.pixel(x, y));
+    }
+    return darkness / (scale * scale);
+}
+
+TEST_F(DocumentTest, ANameIsAsLargeOnPaperAsOnTheScreen) {
+    MessageEditor editor = MakeEditor();
+    editor.Insert(0, MessageObject::PredefinedSound(4));
+    MessageDocument document(nullptr);
+    document.Show(editor.Shown());
+    const double onScreen = DarknessAt(document, 1);
+    ASSERT_GT(onScreen, 0);
+    EXPECT_NEAR(DarknessAt(document, 8) / onScreen, 1, 0.2);
+}
+
 TEST_F(DocumentTest, AnimationsRunOnlyWhileTheyAreShown) {
     MessageEditor editor = MakeEditor();
     editor.Insert(0, MessageObject::Animation(std::string(32, '\x0F'), 8, 8, 4));

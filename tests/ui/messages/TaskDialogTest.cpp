@@ -69,7 +69,7 @@ TEST_F(TaskDialogTest, SendingShowsARowForEachRecipientAndWaitsToBeRead) {
     EXPECT_EQ(Rows(*dialog).mid(0, 2), (QStringList{"111: Success", "222: Success"}));
     EXPECT_TRUE(Rows(*dialog)[2].endsWith(": " + QWords(Word::NoRecipient)));
     EXPECT_EQ(Rows(*dialog)[3], "333: Failed (error 500)");
-    EXPECT_EQ(WordsOf(*dialog), "2 of 4 were sent.");
+    EXPECT_EQ(WordsOf(*dialog), "Sent: 2 of 4");
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(Button(*dialog).text(), "OK");
     Button(*dialog).click();
