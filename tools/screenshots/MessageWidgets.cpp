@@ -90,6 +90,7 @@ void ShowTasks(CTarnbridgeDoc& document, const std::function<void(QWidget&, cons
         record->address = SmsAddress(numbers, 0);
         record->timestamp = {.year = 24, .month = 5, .day = 6, .hour = 17, .minute = 8, .second = 9};
         record->messageType = SmsRecord::submit;
+        record->status = smsComposed;
         waiting.push_back({&outbox, &outbox.Append(std::move(record))});
     }
     NoKeeper keeper;

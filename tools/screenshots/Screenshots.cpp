@@ -176,7 +176,7 @@ private:
             list->selectionModel()->setCurrentIndex(
                 found[0], QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         };
-        select("Goal");
+        select("Look, this");
         Grab(*program_.Frame(), QStringLiteral("messages-read"));
         auto* const find = form.findChild<QLineEdit*>(QStringLiteral("find"));
         find->setText(QStringLiteral("+1555010021"));
