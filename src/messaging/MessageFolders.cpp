@@ -61,14 +61,14 @@ bool MessageFolders::Remove(MessageFolder& folder) {
     if (!MayChange(folder)) return false;
     MessageFolder& trash = tree_.OnPc(messageTrashPlace);
     bool keep = false;
-    if (tree_.IsInTrash(folder)) {
-        if (user_.Ask(Words(Word::DeleteForGood)) != Answer::Yes) return false;
-    } else {
+    if (!tree_.IsInTrash(folder)) {
         const Answer answer =
             user_.Ask(Words(Word::MoveFolderTo) + u" " + trash.name + u"?", AnswerSet::YesNoCancel);
         if (answer == Answer::Cancel) return false;
         keep = answer == Answer::Yes;
     }
+    // A No to the trash can may have meant that the folder stays.
+    if (!keep && user_.Ask(Words(Word::DeleteForGood)) != Answer::Yes) return false;
     auto taken = TakeFolder(folder);
     if (!taken) return false;
     if (keep) trash.Append(std::move(taken));

@@ -24,8 +24,8 @@ public:
     /// An empty name leaves the old one.
     bool Rename(MessageFolder& folder, const std::u16string& name);
 
-    /// A folder with all that is in it goes to the trash can, or for good if the user says No to that; one in
-    /// the trash can goes for good if he says Yes. The folder may be gone afterwards.
+    /// A folder with all that is in it goes to the trash can, if the user says Yes to that. Where he says No,
+    /// and from the trash can, it goes for good, if he says Yes once more. The folder may be gone afterwards.
     bool Remove(MessageFolder& folder);
 
     /// Whether a folder, with all that is in it, can go under another one: the user made it, and the other

@@ -51,6 +51,14 @@ TEST_F(MessageFoldersTest, AreMadeRenamedAndMovedToTheTrashWithTheirContent) {
                                            u"Do you want to move this folder to Trash Can?",
                                            u"Are you sure to delete ?", u"Are you sure to delete ?"}));
     EXPECT_EQ(keeper.changes, 5);
+
+    MessageFolder& other = *folders.Make(personal, u"Other");
+    user.answers = {Answer::No, Answer::No, Answer::No, Answer::Yes};
+    EXPECT_FALSE(folders.Remove(other)) << "not for good without a Yes";
+    EXPECT_EQ(other.parent, &personal);
+    EXPECT_TRUE(folders.Remove(other));
+    EXPECT_TRUE(personal.children.empty());
+    EXPECT_EQ(trash.children.size(), 1u);
 }
 
 TEST_F(MessageFoldersTest, GoUnderOthersButNotIntoThemselves) {

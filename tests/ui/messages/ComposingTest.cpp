@@ -174,6 +174,26 @@ TEST_F(Composing, TheViewStaysForTextThatWouldBeLost) {
     EXPECT_TRUE(AwaitNoEditor());
 }
 
+TEST_F(Composing, TheWindowStaysForTextThatWouldBeLost) {
+    Open();
+    Do("newMessage");
+    Write(QStringLiteral("112"), QStringLiteral("nearly lost"));
+    user.answers = {Answer::Cancel};
+    Frame().close();
+    ASSERT_TRUE(AwaitRest());
+    EXPECT_TRUE(Frame().isVisible());
+    EXPECT_EQ(Editor().Text().toPlainText(), QStringLiteral("nearly lost"));
+
+    user.answers = {Answer::Yes};
+    user.folders = {FolderChoice{9}};
+    Frame().close();
+    ASSERT_TRUE(AwaitRest());
+    ASSERT_TRUE(AwaitNoEditor());
+    EXPECT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"nearly lost"});
+    if (Frame().isVisible()) Close();
+    EXPECT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"nearly lost"});
+}
+
 TEST(MessagePrintingTest, KeepsMessagesWholeAndCutsOnlyWhatFitsOnNoPage) {
     ASSERT_EQ(EmsInit(1), EmsResult::Done);
     const auto pages = [](int count, size_t length) {
