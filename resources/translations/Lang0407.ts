@@ -1095,6 +1095,11 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>iMelody-Dateien</translation>
     </message>
     <message>
+        <source>Animated pictures</source>
+        <comment>AnimationFiles</comment>
+        <translation>Animierte Bilder</translation>
+    </message>
+    <message>
         <source>Only pictures of black and white go into a message.</source>
         <comment>PictureNotMonochrome</comment>
         <translation>In eine Nachricht passen nur Bilder in Schwarz und Weiß.</translation>
@@ -1113,6 +1118,11 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <source>It's not an iMelody file.</source>
         <comment>FileNotIMelody</comment>
         <translation>Das ist keine iMelody-Datei.</translation>
+    </message>
+    <message>
+        <source>An animation in a message has at most 4 frames, all of 8 x 8 or of 16 x 16 pixels.</source>
+        <comment>AnimationUnfit</comment>
+        <translation>Eine Animation in einer Nachricht hat höchstens 4 Einzelbilder, alle mit 8 x 8 oder mit 16 x 16 Pixeln.</translation>
     </message>
     <message>
         <source>The melody is too large for a message.</source>

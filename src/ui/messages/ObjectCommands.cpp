@@ -19,7 +19,7 @@ ObjectCommands::ObjectCommands(MessageEdit& text, UserInteraction& user)
     : QObject(&text), text_(text), user_(user) {
     picture_ = MakeCommand(this, {"insertPicture", Word::InsertPicture, "insert-picture"});
     connect(picture_, &QAction::triggered, this, [this] {
-        InsertFile(Word::InsertPicture, {Words(Word::PictureFiles), {"*.wbmp", "*.wbm", "*.ems"}},
+        InsertFile(QWords(Word::InsertPicture), {Words(Word::PictureFiles), {"*.wbmp", "*.wbm", "*.ems"}},
                    ReadPictureFile);
     });
 
@@ -31,16 +31,12 @@ ObjectCommands::ObjectCommands(MessageEdit& text, UserInteraction& user)
     };
     for (int number = 0; number < mostPredefinedSounds; ++number)
         add(*sounds_, MessageObject::PredefinedSound(number));
-    sounds_->addSeparator();
-    QAction* const melody = MakeCommand(this, {"insertMelody", Word::InsertFromFile, "folder"});
-    sounds_->addAction(melody);
-    connect(melody, &QAction::triggered, this, [this] {
-        InsertFile(Word::InsertSound, {Words(Word::MelodyFiles), {"*.imy"}}, ReadMelodyFile);
-    });
+    AddFile(*sounds_, "insertMelody", {Words(Word::MelodyFiles), {"*.imy"}}, ReadMelodyFile);
 
     animations_ = MakeMenu("insertAnimation", Word::InsertAnimation, "insert-animation");
     for (int number = 0; number < mostPredefinedAnimations; ++number)
         add(*animations_, MessageObject::PredefinedAnimation(number));
+    AddFile(*animations_, "insertAnimationFile", {Words(Word::AnimationFiles), {"*.gif"}}, ReadAnimationFile);
 }
 
 QMenu* ObjectCommands::MakeMenu(const char* name, Word title, const char* icon) {
@@ -51,8 +47,16 @@ QMenu* ObjectCommands::MakeMenu(const char* name, Word title, const char* icon) 
     return menu;
 }
 
-void ObjectCommands::InsertFile(Word title, const FileFilter& filter, Reader read) {
-    const auto chosen = user_.ChooseFiles({.title = Words(title), .filters = {filter}});
+void ObjectCommands::AddFile(QMenu& menu, const char* name, const FileFilter& filter, Reader read) {
+    menu.addSeparator();
+    QAction* const file = MakeCommand(this, {name, Word::InsertFromFile, "folder"});
+    menu.addAction(file);
+    connect(file, &QAction::triggered, this,
+            [this, title = menu.title(), filter, read] { InsertFile(title, filter, read); });
+}
+
+void ObjectCommands::InsertFile(const QString& title, const FileFilter& filter, Reader read) {
+    const auto chosen = user_.ChooseFiles({.title = ToText(title), .filters = {filter}});
     if (chosen.empty()) return;
     const ObjectFile file = read(chosen.front());
     if (file.object)

@@ -33,7 +33,8 @@ private:
     using Reader = ObjectFile (*)(const std::filesystem::path&);
 
     QMenu* MakeMenu(const char* name, Word title, const char* icon);
-    void InsertFile(Word title, const FileFilter& filter, Reader read);
+    void AddFile(QMenu& menu, const char* name, const FileFilter& filter, Reader read);
+    void InsertFile(const QString& title, const FileFilter& filter, Reader read);
 
     MessageEdit& text_;
     UserInteraction& user_;

@@ -1,5 +1,9 @@
 #include "ui/messages/ObjectFiles.h"
 
+#include <QImageReader>
+#include <QPainter>
+#include <vector>
+
 #include "images/EmsPicture.h"
 #include "images/PLAnyBmp.h"
 #include "images/PLAnyPicDecoder.h"
@@ -11,10 +15,25 @@
 namespace tarnbridge {
 namespace {
 
+constexpr size_t animationFrames = 4;
+constexpr int darkest = 0x80;  // of what is white
 constexpr uint64_t largestMelodyFile = 1024 * 1024;
 
 ObjectFile Fault(Word words) {
     return {.fault = QWords(words)};
+}
+
+/// Row after row, from the highest bit on, 1 = black. The width is a multiple of 8.
+std::string BitsOf(const QImage& frame) {
+    QImage flat(frame.size(), QImage::Format_RGB32);
+    flat.fill(Qt::white);
+    QPainter(&flat).drawImage(0, 0, frame);
+    std::string bits(static_cast<size_t>(flat.width() * flat.height() / 8), '\0');
+    for (int pixel = 0; pixel < flat.width() * flat.height(); ++pixel) {
+        const bool black = qGray(flat.pixel(pixel % flat.width(), pixel / flat.width())) < darkest;
+        if (black) bits[static_cast<size_t>(pixel / 8)] |= static_cast<char>(0x80 >> pixel % 8);
+    }
+    return bits;
 }
 
 }  // namespace
@@ -38,6 +57,22 @@ ObjectFile ReadPictureFile(const std::filesystem::path& path) try {
                                    picture.width, picture.height)};
 } catch (const PLTextException&) {
     return Fault(Word::InvalidImage);
+}
+
+ObjectFile ReadAnimationFile(const std::filesystem::path& path) {
+    QImageReader reader(PathToQString(path), "gif");
+    const QSize size = reader.size();
+    if (!reader.canRead() || !size.isValid()) return Fault(Word::InvalidImage);
+    if (size != QSize(8, 8) && size != QSize(16, 16)) return Fault(Word::AnimationUnfit);
+    std::vector<std::string> frames;
+    for (QImage frame; frames.size() <= animationFrames && reader.read(&frame);)
+        frames.push_back(BitsOf(frame));
+    if (frames.empty()) return Fault(Word::InvalidImage);
+    if (frames.size() > animationFrames) return Fault(Word::AnimationUnfit);
+    std::string pixels;
+    for (size_t i = 0; i < animationFrames; ++i)
+        pixels += frames[i * frames.size() / animationFrames];
+    return {MessageObject::Animation(pixels, size.width(), size.height(), animationFrames)};
 }
 
 ObjectFile ReadMelodyFile(const std::filesystem::path& path) {

@@ -17,6 +17,10 @@ struct ObjectFile {
 /// A wireless bitmap or an .EMS file.
 ObjectFile ReadPictureFile(const std::filesystem::path& path);
 
+/// An animated GIF of at most four frames of 8 x 8 or 16 x 16 pixels, as the basic animations of 3GPP
+/// TS 23.040, 9.2.3.24.10.1.3 and 4 have them. What is darker than half becomes black.
+ObjectFile ReadAnimationFile(const std::filesystem::path& path);
+
 /// An iMelody file.
 ObjectFile ReadMelodyFile(const std::filesystem::path& path);
 

@@ -188,6 +188,62 @@ TEST_F(DialogTest, ObjectsComeFromMenusAndFiles) {
     EXPECT_EQ(objects[3].object.kind, EmsKind::Melody);
 }
 
+/// A GIF of two colours with a black line in each frame, in codes that need no dictionary.
+std::string Gif(int side, const std::vector<int>& blackRows) {
+    const auto byte = [](int value) { return static_cast<char>(value); };
+    std::string file = "GIF89a";
+    file += {byte(side), 0, byte(side), 0, byte(0x80), 0, 0, 0, 0, 0, byte(0xFF), byte(0xFF), byte(0xFF)};
+    for (const int blackRow : blackRows) {
+        std::string codes;
+        int count = 0;
+        const auto put = [&](int code) {
+            for (int bit = 0; bit < 3; ++bit, ++count) {
+                if (count % 8 == 0) codes += '\0';
+                codes.back() = byte(codes.back() | (code >> bit & 1) << count % 8);
+            }
+        };
+        for (int pixel = 0; pixel < side * side; ++pixel) {
+            if (pixel % 2 == 0) put(4);
+            put(pixel / side == blackRow ? 0 : 1);
+        }
+        put(5);
+        file += {',', 0, 0, 0, 0, byte(side), 0, byte(side), 0, 0, 2, byte(static_cast<int>(codes.size()))};
+        file += codes + '\0';
+    }
+    return file + ';';
+}
+
+TEST_F(DialogTest, AnAnimationComesFromAFile) {
+    const TemporaryFolder folder;
+    ASSERT_TRUE(WriteFileAtomically(folder / "two.gif", Gif(8, {0, 7})));
+    ASSERT_TRUE(WriteFileAtomically(folder / "large.gif", Gif(16, {0, 1, 2, 3})));
+    ASSERT_TRUE(WriteFileAtomically(folder / "long.gif", Gif(8, {0, 1, 2, 3, 4})));
+    ASSERT_TRUE(WriteFileAtomically(folder / "odd.gif", Gif(12, {0})));
+    ASSERT_TRUE(WriteFileAtomically(folder / "cut.gif", Gif(8, {0}).substr(0, 25)));
+    ASSERT_TRUE(WriteFileAtomically(folder / "other.gif", "no picture"));
+    Open();
+    const auto insert = [&](const char* name) {
+        user.files = {{folder / name}};
+        Trigger("insertAnimationFile");
+        return Note();
+    };
+    EXPECT_EQ(insert("two.gif"), "");
+    EXPECT_EQ(insert("large.gif"), "");
+    for (const char* const name : {"long.gif", "odd.gif"})
+        EXPECT_EQ(insert(name), QWords(Word::AnimationUnfit)) << name;
+    for (const char* const name : {"cut.gif", "other.gif", "nowhere.gif"})
+        EXPECT_EQ(insert(name), QWords(Word::InvalidImage)) << name;
+    const auto& objects = dialog->Text().Editor().Shown().Objects();
+    ASSERT_EQ(objects.size(), 2u);
+    const std::string first = "\xFF" + std::string(7, '\0');
+    const std::string last = std::string(7, '\0') + "\xFF";
+    EXPECT_EQ(objects[0].object.bytes, first + first + last + last) << "two frames take the time of four";
+    EXPECT_EQ(objects[1].object.bytes.size(), 128u);
+    EXPECT_EQ(objects[1].object.bytes.substr(0, 3), std::string("\xFF\xFF\0", 3));
+    EXPECT_EQ(objects[1].object.bytes.substr(32, 4), std::string("\0\0\xFF\xFF", 4));
+    EXPECT_EQ(dialog->Text().Editor().Message().segmentsUsed, 2);
+}
+
 TEST_F(DialogTest, SeveralEditorsAreIndependentAndARecordKeepsItsPlace) {
     SmsRecord record;
     record.text8 = "old";
