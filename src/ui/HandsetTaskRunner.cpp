@@ -4,7 +4,7 @@
 
 #include "core/app/CTarnbridgeDoc.h"
 #include "core/base/StringTable.h"
-#include "ui/messages/TaskDialog.h"
+#include "ui/dialogs/TaskDialog.h"
 
 namespace tarnbridge {
 

@@ -8,7 +8,7 @@
 #include "core/base/HandsetTask.h"
 #include "core/base/UserInteraction.h"
 #include "ui/MessageReceiver.h"
-#include "ui/messages/TaskDialog.h"
+#include "ui/dialogs/TaskDialog.h"
 
 namespace tarnbridge {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "messaging/MessageDownload.h"
-#include "ui/messages/TaskDialog.h"
+#include "ui/dialogs/TaskDialog.h"
 
 namespace tarnbridge {
 

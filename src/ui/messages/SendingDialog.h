@@ -1,7 +1,7 @@
 #pragma once
 
 #include "messaging/MessageSending.h"
-#include "ui/messages/TaskDialog.h"
+#include "ui/dialogs/TaskDialog.h"
 
 class QTreeWidget;
 

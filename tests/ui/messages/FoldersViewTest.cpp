@@ -8,6 +8,11 @@
 namespace tarnbridge::test {
 namespace {
 
+struct NoKeeper : MessageKeeper {
+    void PcFoldersChanged() override {}
+    bool SaveNow() override { return true; }
+};
+
 TEST_F(MessagesView, FoldersAreMadeNamedMovedAndDeleted) {
     Open();
     const QAbstractItemModelTester tester(&Folders());
@@ -96,10 +101,7 @@ TEST(MessageTreeModelTest, FollowsWhateverHappensToTheFolders) {
             side.Append(std::make_unique<MessageFolder>());
     }
     const MessageTree tree(root);
-    struct Keeper : MessageKeeper {
-        void PcFoldersChanged() override {}
-        bool SaveNow() override { return true; }
-    } keeper;
+    NoKeeper keeper;
     ScriptedUser user;
     MessageFolders folders(tree, user, keeper);
     MessageTreeModel model(tree, folders, nullptr);
@@ -155,10 +157,7 @@ TEST(MessageTreeModelTest, ATreeOfAnyDepthNeedsNoStack) {
     for (int i = 0; i < 4; ++i)
         root.children[0]->Append(std::make_unique<MessageFolder>());
     const MessageTree tree(root);
-    struct Keeper : MessageKeeper {
-        void PcFoldersChanged() override {}
-        bool SaveNow() override { return true; }
-    } keeper;
+    NoKeeper keeper;
     ScriptedUser user;
     MessageFolders folders(tree, user, keeper);
     MessageTreeModel model(tree, folders, nullptr);

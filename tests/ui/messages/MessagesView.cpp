@@ -4,7 +4,7 @@
 #include <QDropEvent>
 #include <QLabel>
 
-#include "ui/messages/TaskDialog.h"
+#include "ui/dialogs/TaskDialog.h"
 
 namespace tarnbridge::test {
 

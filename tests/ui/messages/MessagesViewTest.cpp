@@ -5,8 +5,8 @@
 #include <QTest>
 #include <QTextEdit>
 
+#include "ui/dialogs/TaskDialog.h"
 #include "ui/messages/MessagesView.h"
-#include "ui/messages/TaskDialog.h"
 
 namespace tarnbridge::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/messages/TaskDialog.h"
+#include "ui/dialogs/TaskDialog.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
