@@ -17,6 +17,7 @@
 #include "ui/MessageReceiver.h"
 #include "ui/QtText.h"
 #include "ui/Window.h"
+#include "ui/dialogs/DialogParent.h"
 #include "ui/dialogs/WindowInteraction.h"
 
 namespace tarnbridge {
@@ -127,6 +128,40 @@ TEST_F(Dialogs, OfferTheAnswersAskedForAndNoOthers) {
                        [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
         EXPECT_EQ(user.Ask(u"?", set), words.contains("Cancel") ? Answer::Cancel : Answer::No);
     }
+}
+
+TEST_F(Dialogs, StandOverTheWindowThatTheUserIsInAndMayGoWithIt) {
+    QWidget frame;
+    frame.show();
+    auto editor = std::make_unique<QWidget>(&frame, Qt::Window);
+    editor->show();
+    user.SetWindow(&frame);
+    const auto parentOfNote = [this] {
+        const QWidget* parent = nullptr;
+        test::OnDialog(QStringLiteral("note"), [&](QDialog& dialog) {
+            parent = dialog.parentWidget();
+            dialog.close();
+        });
+        user.Tell(u"Look!");
+        return parent;
+    };
+    editor->activateWindow();
+    ASSERT_TRUE(test::Await([&] { return editor->isActiveWindow(); }));
+    EXPECT_EQ(parentOfNote(), editor.get());
+    {
+        const DialogParent over(frame);
+        EXPECT_EQ(parentOfNote(), &frame);
+    }
+    editor->hide();
+    EXPECT_EQ(parentOfNote(), &frame);
+
+    editor->show();
+    editor->activateWindow();
+    ASSERT_TRUE(test::Await([&] { return editor->isActiveWindow(); }));
+    test::OnDialog(QStringLiteral("question"), [&](QDialog&) { editor.reset(); });
+    EXPECT_EQ(user.Ask(u"Save?", AnswerSet::YesNoCancel), Answer::Cancel);
+    test::OnDialog(QStringLiteral("folders"), [](QDialog& dialog) { dialog.close(); });
+    EXPECT_EQ(user.ChooseFolder({u"Save to...", {{u"PC", 0}}}), std::nullopt);
 }
 
 TEST_F(Dialogs, AskForATextOfLimitedLength) {

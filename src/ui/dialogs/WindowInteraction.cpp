@@ -1,12 +1,13 @@
 #include "ui/dialogs/WindowInteraction.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 #include "ui/Icons.h"
 #include "ui/QtText.h"
+#include "ui/dialogs/DialogParent.h"
 #include "ui/dialogs/FolderDialog.h"
 #include "ui/dialogs/ProgressDialog.h"
 #include "ui/dialogs/TextDialog.h"
@@ -47,6 +48,29 @@ bool Offers(AnswerSet set, Answer answer) {
     return set == AnswerSet::YesNoAll || set == AnswerSet::YesNoAllCancel;
 }
 
+/// A dialog over a window that may go while it is open, and the dialog with it.
+template <typename Dialog>
+class Opened {
+public:
+    explicit Opened(Dialog* dialog) : dialog_(dialog) {}
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+    ~Opened() { delete dialog_; }
+
+    Dialog* operator->() const { return dialog_; }
+    Dialog& operator*() const { return *dialog_; }
+
+    /// Runs it to its end. False if it has gone.
+    bool Run() {
+        dialog_->exec();
+        return !dialog_.isNull();
+    }
+    bool RunToOk() { return Run() && dialog_->result() == QDialog::Accepted; }
+
+private:
+    QPointer<Dialog> dialog_;
+};
+
 void Fill(QMessageBox& box, const std::u16string& words, const QString& icon) {
     box.setWindowTitle(QWords(Word::ProgramName));
     // What a handset or a file says may look like markup.
@@ -56,19 +80,18 @@ void Fill(QMessageBox& box, const std::u16string& words, const QString& icon) {
 }
 
 Answer AskIn(QWidget* parent, const std::u16string& words, AnswerSet set) {
-    QMessageBox box(parent);
-    Fill(box, words, QStringLiteral("help"));
-    box.setObjectName(QStringLiteral("question"));
+    Opened box(new QMessageBox(parent));
+    Fill(*box, words, QStringLiteral("help"));
+    box->setObjectName(QStringLiteral("question"));
     const Answer unanswered = Offers(set, Answer::Cancel) ? Answer::Cancel : Answer::No;
     for (const AnswerButton& offered : answerButtons) {
         if (!Offers(set, offered.answer)) continue;
-        QPushButton* const button = box.addButton(QWords(offered.words), offered.role);
+        QPushButton* const button = box->addButton(QWords(offered.words), offered.role);
         button->setProperty("answer", static_cast<int>(offered.answer));
-        if (offered.answer == Answer::Yes) box.setDefaultButton(button);
-        if (offered.answer == unanswered) box.setEscapeButton(button);
+        if (offered.answer == Answer::Yes) box->setDefaultButton(button);
+        if (offered.answer == unanswered) box->setEscapeButton(button);
     }
-    box.exec();
-    const QAbstractButton* const clicked = box.clickedButton();
+    const QAbstractButton* const clicked = box.Run() ? box->clickedButton() : nullptr;
     return clicked ? static_cast<Answer>(clicked->property("answer").toInt()) : unanswered;
 }
 
@@ -84,24 +107,25 @@ QString FilterLine(const std::vector<FileFilter>& filters) {
 }
 
 std::vector<std::filesystem::path> ChooseIn(QWidget* parent, const FileQuestion& question) {
-    QFileDialog dialog(parent, ToQString(question.title), PathToQString(question.folder),
-                       FilterLine(question.filters));
-    dialog.setObjectName(QStringLiteral("files"));
+    Opened dialog(new QFileDialog(parent, ToQString(question.title), PathToQString(question.folder),
+                                  FilterLine(question.filters)));
+    dialog->setObjectName(QStringLiteral("files"));
     if (question.purpose == FilePurpose::Save) {
-        dialog.setAcceptMode(QFileDialog::AcceptSave);
-        dialog.setFileMode(QFileDialog::AnyFile);
-        dialog.selectFile(ToQString(question.suggestedName));
+        dialog->setAcceptMode(QFileDialog::AcceptSave);
+        dialog->setFileMode(QFileDialog::AnyFile);
+        dialog->selectFile(ToQString(question.suggestedName));
         if (!question.filters.empty() && !question.filters[0].patterns.empty()) {
             const std::string& pattern = question.filters[0].patterns[0];
-            if (pattern.starts_with("*.")) dialog.setDefaultSuffix(QString::fromStdString(pattern.substr(2)));
+            if (pattern.starts_with("*."))
+                dialog->setDefaultSuffix(QString::fromStdString(pattern.substr(2)));
         }
     } else {
-        dialog.setFileMode(question.purpose == FilePurpose::OpenSeveral ? QFileDialog::ExistingFiles
-                                                                        : QFileDialog::ExistingFile);
+        dialog->setFileMode(question.purpose == FilePurpose::OpenSeveral ? QFileDialog::ExistingFiles
+                                                                         : QFileDialog::ExistingFile);
     }
     std::vector<std::filesystem::path> chosen;
-    if (dialog.exec() != QDialog::Accepted) return chosen;
-    for (const QString& name : dialog.selectedFiles())
+    if (!dialog.RunToOk()) return chosen;
+    for (const QString& name : dialog->selectedFiles())
         chosen.push_back(ToPath(name));
     return chosen;
 }
@@ -117,11 +141,7 @@ WindowInteraction::WindowInteraction()
 template <typename Type>
 Type WindowInteraction::InWindow(Type otherwise, const std::function<Type(QWidget* parent)>& use) {
     Type answer = std::move(otherwise);
-    const Work work = [&] {
-        // A dialog that is open is asked over, so that the answer belongs to what the user does.
-        QWidget* const dialog = QApplication::activeModalWidget();
-        answer = use(dialog ? dialog : window_.data());
-    };
+    const Work work = [&] { answer = use(DialogParent::Now(window_)); };
     // Sending to the own thread runs the work at once.
     if (const auto target = receiver_.Target().lock())
         target->Send({runInWindow, 0, 0, MessagePayload::Of(work)});
@@ -135,20 +155,19 @@ Answer WindowInteraction::Ask(const std::u16string& words, AnswerSet answers) {
 
 void WindowInteraction::Tell(const std::u16string& words) {
     InWindow<bool>(false, [&](QWidget* parent) {
-        QMessageBox box(parent);
-        Fill(box, words, QStringLiteral("info"));
-        box.setObjectName(QStringLiteral("note"));
-        box.addButton(QWords(Word::Ok), QMessageBox::AcceptRole);
-        box.exec();
-        return true;
+        Opened box(new QMessageBox(parent));
+        Fill(*box, words, QStringLiteral("info"));
+        box->setObjectName(QStringLiteral("note"));
+        box->addButton(QWords(Word::Ok), QMessageBox::AcceptRole);
+        return box.Run();
     });
 }
 
 std::optional<std::u16string> WindowInteraction::AskText(const TextQuestion& question) {
     return InWindow<std::optional<std::u16string>>({}, [&](QWidget* parent) -> std::optional<std::u16string> {
-        TextDialog dialog(question, parent);
-        if (dialog.exec() != QDialog::Accepted) return {};
-        return dialog.Text();
+        Opened dialog(new TextDialog(question, parent));
+        if (!dialog.RunToOk()) return {};
+        return dialog->Text();
     });
 }
 
@@ -161,18 +180,19 @@ std::optional<std::filesystem::path> WindowInteraction::ChooseDirectory(const st
                                                                         const std::filesystem::path& start) {
     return InWindow<std::optional<std::filesystem::path>>(
         {}, [&](QWidget* parent) -> std::optional<std::filesystem::path> {
-            const QString chosen =
-                QFileDialog::getExistingDirectory(parent, ToQString(title), PathToQString(start));
-            if (chosen.isEmpty()) return {};
-            return ToPath(chosen);
+            Opened dialog(new QFileDialog(parent, ToQString(title), PathToQString(start)));
+            dialog->setFileMode(QFileDialog::Directory);
+            dialog->setOption(QFileDialog::ShowDirsOnly);
+            if (!dialog.RunToOk()) return {};
+            return ToPath(dialog->selectedFiles().front());
         });
 }
 
 std::optional<FolderChoice> WindowInteraction::ChooseFolder(const FolderQuestion& question) {
     return InWindow<std::optional<FolderChoice>>({}, [&](QWidget* parent) -> std::optional<FolderChoice> {
-        FolderDialog dialog(question, parent);
-        if (dialog.exec() != QDialog::Accepted) return {};
-        return dialog.Choice();
+        Opened dialog(new FolderDialog(question, parent));
+        if (!dialog.RunToOk()) return {};
+        return dialog->Choice();
     });
 }
 

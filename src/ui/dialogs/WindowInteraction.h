@@ -10,13 +10,14 @@
 
 namespace tarnbridge {
 
-/// Asks the user by dialogs over the window. A question of another thread is carried to the interface thread
-/// and waits there for its answer. Made and destroyed on the interface thread; after its end nobody may ask.
+/// Asks the user by dialogs over the window that he is in. A question of another thread is carried to the
+/// interface thread and waits there for its answer. Made and destroyed on the interface thread; after its end
+/// nobody may ask.
 class WindowInteraction : public UserInteraction {
 public:
     WindowInteraction();
 
-    /// Over which window the dialogs stand when none of the program's dialogs is open.
+    /// Over which window the dialogs stand when he is in none.
     void SetWindow(QWidget* window) { window_ = window; }
 
     Answer Ask(const std::u16string& words, AnswerSet answers) override;

@@ -12,6 +12,7 @@
 
 #include "ui/Icons.h"
 #include "ui/QtText.h"
+#include "ui/dialogs/DialogParent.h"
 #include "ui/frame/ToolbarView.h"
 #include "ui/messages/Command.h"
 #include "ui/messages/FormatCommands.h"
@@ -191,6 +192,9 @@ void CSmsDialog::NoteSent() {
 }
 
 void CSmsDialog::closeEvent(QCloseEvent* event) {
+    // Where the frame closes its windows, the user sees which one is meant.
+    const DialogParent parent(*this);
+    if (draft_->Modified()) raise();
     switch (draft_->AskToSave(surroundings_.user)) {
         case Answer::No:
             event->accept();
