@@ -95,8 +95,10 @@ void HandsetTaskRunner::Finish() {
         [this] {
             task_.reset();
             document_.viewSwitchAllowed = true;
-            Q_EMIT busyChanged();
+            // It may tell the user something; only then is nothing in the way any more.
+            const QPointer<HandsetTaskRunner> alive(this);
             std::exchange(ended_, nullptr)();
+            if (alive) Q_EMIT busyChanged();
         },
         Qt::QueuedConnection);
 }

@@ -166,7 +166,8 @@ void CMainFrame::MakeStatusBar() {
 
 void CMainFrame::Choose(int number) {
     const ViewEntry& view = ViewToOpen(number, document_.Model().second);
-    if (view.number != openView_ && document_.viewSwitchAllowed && form_->MayLeave()) {
+    if (view.number != openView_ && document_.viewSwitchAllowed &&
+        MayLeave([this, number] { Choose(number); })) {
         Open(view);
         document_.Preferences().SetNumber(SettingIndex::View, openView_);
     }
@@ -189,6 +190,12 @@ void CMainFrame::Open(const ViewEntry& view) {
     connect(form_, &FormView::statusChanged, formStatus_, &QLabel::setText);
     connect(form_, &FormView::modelChanged, this, &CMainFrame::ShowModel);
     connect(form_, &FormView::restartWanted, this, &CMainFrame::restartWanted);
+    connect(
+        form_, &FormView::readyToLeave, this,
+        [this] {
+            if (afterwards_) std::exchange(afterwards_, nullptr)();
+        },
+        Qt::QueuedConnection);
     toolbar_ = view.makeToolbar(*form_);
     toolbar_->setParent(centralWidget());
     toolbar_->setObjectName(QStringLiteral("toolbar"));
@@ -349,10 +356,17 @@ bool CMainFrame::EndDialogs() {
     return true;
 }
 
+/// Whether the form may go. What is wanted of it may come later, when nothing is in the way any more.
+bool CMainFrame::MayLeave(std::function<void()> otherwiseLater) {
+    if (!form_ || form_->MayLeave()) return true;
+    afterwards_ = std::move(otherwiseLater);
+    return false;
+}
+
 void CMainFrame::closeEvent(QCloseEvent* event) {
     // The window goes when the document is closed, which may have to wait for the handset.
     event->ignore();
-    if (closing_ || EndDialogs() || (form_ && !form_->MayLeave())) return;
+    if (closing_ || EndDialogs() || !MayLeave([this] { close(); })) return;
     StopConnectionTimer();
     placementTimer_->stop();
     if (placed_) StorePlacement();

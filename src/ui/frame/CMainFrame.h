@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <functional>
 
 #include "core/base/MessageTarget.h"
 #include "ui/MessageReceiver.h"
@@ -80,6 +81,7 @@ private:
     intptr_t Receive(Message& message);
     void TakeCheckResult(bool answers);
     bool EndDialogs();
+    bool MayLeave(std::function<void()> otherwiseLater);
     void PlaceWindow();
     void StorePlacement();
     void SaveSoon();
@@ -88,6 +90,7 @@ private:
     CTarnbridgeView* const features_;
     QVBoxLayout* const right_;
     QPointer<FormView> form_;
+    std::function<void()> afterwards_;  // when the form is ready to leave
     int openView_ = -1;
     QPointer<QToolBar> toolbar_;
     QActionGroup* const viewActions_;

@@ -29,13 +29,15 @@ public:
     virtual void Receive(Message& /*message*/) {}
 
     /// Called before the view goes, by choice of another feature or at the end. False keeps it: the user has
-    /// been asked and wants to stay.
+    /// been asked and wants to stay, or something has to end first, when readyToLeave is said.
     virtual bool MayLeave() { return true; }
 
     /// What the frame's status bar says of the view at first.
     virtual QString Status() const { return {}; }
 
 Q_SIGNALS:
+    /// What the last MayLeave had to wait for has ended.
+    void readyToLeave();
     /// What the status bar says of the view from now on.
     void statusChanged(const QString& words);
     /// The phone model has changed: other features may be offered.

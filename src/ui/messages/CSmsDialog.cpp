@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/Icons.h"
 #include "ui/QtText.h"
@@ -177,13 +178,20 @@ void CSmsDialog::Send() {
 
 void CSmsDialog::Save(bool closes) {
     closes_ = closes;
-    if (const auto record = MakeRecord()) Q_EMIT saveWanted(*record);
+    if (const auto record = MakeRecord())
+        Q_EMIT saveWanted(*record);
+    else
+        NoteNotSaved();
 }
 
 void CSmsDialog::NoteSaved() {
     draft_->MarkSaved();
     Refresh();
-    if (closes_) close();
+    if (std::exchange(closes_, false)) close();
+}
+
+void CSmsDialog::NoteNotSaved() {
+    if (std::exchange(closes_, false)) Q_EMIT stays();
 }
 
 void CSmsDialog::NoteSent() {
@@ -201,7 +209,9 @@ void CSmsDialog::closeEvent(QCloseEvent* event) {
             break;
         case Answer::Yes:
             event->ignore();
-            Save(true);
+            closes_ = true;
+            QMetaObject::invokeMethod(
+                this, [this] { Save(true); }, Qt::QueuedConnection);
             break;
         default:
             event->ignore();

@@ -38,6 +38,12 @@ public:
     /// The owner has kept the message: nothing is unsaved any more. A window that was to be closed closes.
     void NoteSaved();
 
+    /// The message couldn't be kept, or the user doesn't want it any more. The window stays.
+    void NoteNotSaved();
+
+    /// Whether it is to close as soon as the message is saved.
+    bool IsClosing() const { return closes_; }
+
     /// The owner has taken the message over to send it. The window closes.
     void NoteSent();
 
@@ -48,6 +54,8 @@ Q_SIGNALS:
     /// EmsMessage of its own; it ends when the signal has been handled.
     void sendWanted(const SmsRecord& record);
     void saveWanted(const SmsRecord& record);
+    /// It was to be closed, and stays.
+    void stays();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -223,6 +223,11 @@ void CSmsFormView::Connect() {
         [this](MessageFolder* folder, MessageFolder* under) { operations_->MoveFolder(*folder, *under); });
     connect(operations_, &MessageOperations::changed, this, &CSmsFormView::Refresh);
     connect(operations_, &MessageOperations::busyChanged, this, &CSmsFormView::UpdateCommands);
+    // What follows on the end of a task or on a message that is safe begins first.
+    connect(operations_, &MessageOperations::busyChanged, this, &CSmsFormView::GoOnLeaving,
+            Qt::QueuedConnection);
+    connect(&editors_, &MessageEditors::saved, this, &CSmsFormView::GoOnLeaving, Qt::QueuedConnection);
+    connect(&editors_, &MessageEditors::stays, this, [this] { leaving_ = false; });
     connect(find_, &QLineEdit::textChanged, this, &CSmsFormView::Find);
     connect(find_, &QLineEdit::returnPressed, list_, qOverload<>(&QWidget::setFocus));
     auto* const escape = new QShortcut(Qt::Key_Escape, find_);
@@ -324,7 +329,15 @@ void CSmsFormView::Receive(Message& message) {
 
 bool CSmsFormView::MayLeave() {
     operations_->Cancel();
-    return !operations_->IsBusy() && editors_.CloseAll() && !operations_->IsBusy();
+    if (!operations_->IsBusy() && editors_.CloseAll()) return true;
+    leaving_ = operations_->IsBusy() || editors_.IsSaving();
+    return false;
+}
+
+void CSmsFormView::GoOnLeaving() {
+    if (!leaving_ || operations_->IsBusy() || editors_.IsSaving()) return;
+    leaving_ = false;
+    Q_EMIT readyToLeave();
 }
 
 MessageFolder* CSmsFormView::CurrentFolder() const {

@@ -63,6 +63,8 @@ private:
     bool Receives(const MessageFolder& folder) const;
     void Select(const std::vector<SmsRecord*>& records);
 
+    void GoOnLeaving();
+
     void MakeFolder();
     std::vector<PrintedMessage> ToPrint() const;
 
@@ -81,6 +83,7 @@ private:
     QList<QMenu*> menus_;
     bool refreshing_ = false;
     bool wasShown_ = false;
+    bool leaving_ = false;  // as soon as nothing is under way
     MessageEditors editors_;
 };
 

@@ -1,5 +1,7 @@
 #include "ui/messages/MessageEditors.h"
 
+#include <algorithm>
+
 #include "core/app/CTarnbridgeDoc.h"
 #include "core/base/StringTable.h"
 #include "ui/messages/MessageOperations.h"
@@ -59,10 +61,13 @@ void MessageEditors::Show(std::unique_ptr<MessageDraft> draft, MessageSelection 
         });
     });
     QObject::connect(dialog, &CSmsDialog::saveWanted, owner_, [this, alive, kept](const SmsRecord& record) {
-        operations_.SaveComposed(record, kept, [alive] {
-            if (alive) alive->NoteSaved();
+        operations_.SaveComposed(record, kept, [this, alive](bool safe) {
+            if (!alive) return;
+            safe ? alive->NoteSaved() : alive->NoteNotSaved();
+            if (safe) Q_EMIT saved();
         });
     });
+    connect(dialog, &CSmsDialog::stays, this, &MessageEditors::stays);
     dialog->show();
 }
 
@@ -71,6 +76,11 @@ bool MessageEditors::CloseAll() {
         if (window.dialog && !window.dialog->close()) return false;
     }
     return true;
+}
+
+bool MessageEditors::IsSaving() const {
+    return std::any_of(windows_.begin(), windows_.end(),
+                       [](const Window& window) { return window.dialog && window.dialog->IsClosing(); });
 }
 
 }  // namespace tarnbridge

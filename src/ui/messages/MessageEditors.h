@@ -14,14 +14,14 @@ class CTarnbridgeDoc;
 class MessageOperations;
 
 /// The windows in which messages are written, and the way of what is written in them into the folders.
-class MessageEditors {
+class MessageEditors : public QObject {
+    Q_OBJECT
+
 public:
     /// All must outlive the editors; the windows stand over `owner`.
     MessageEditors(CTarnbridgeDoc& document, MessageOperations& operations, QWidget* owner);
-    MessageEditors(const MessageEditors&) = delete;
-    MessageEditors& operator=(const MessageEditors&) = delete;
     /// Closes what is open, without a question.
-    ~MessageEditors();
+    ~MessageEditors() override;
 
     void New();
 
@@ -33,8 +33,17 @@ public:
     void Reply(const SmsRecord& record);
     void Forward(const SmsRecord& record);
 
-    /// Closes all. False if one stays, since the user doesn't want to lose what is in it.
+    /// Closes all. False if one stays, since the user doesn't want to lose what is in it, or until it is
+    /// saved.
     bool CloseAll();
+
+    /// Whether one is to close as soon as its message is saved.
+    bool IsSaving() const;
+
+Q_SIGNALS:
+    /// One has been saved, or was to be saved and closed and stays.
+    void saved();
+    void stays();
 
 private:
     struct Window {

@@ -75,14 +75,15 @@ void MessageOperations::Read() {
                 [this] { Q_EMIT changed(); });
 }
 
-/// Asks the handset, then goes on. Without a handset there are none.
-void MessageOperations::WithMemories(std::function<void(const std::vector<std::u16string>&)> use) {
+/// Asks the handset, then goes on. Without a handset there are none. False, and the user has been told, when
+/// another task runs; then it doesn't go on.
+bool MessageOperations::WithMemories(std::function<void(const std::vector<std::u16string>&)> use) {
     if (!document_.Watch().IsConnected()) {
         use({});
-        return;
+        return true;
     }
     const auto memories = std::make_shared<HandsetMemories>(document_.Worker());
-    runner_.Run(memories, {}, [memories, use = std::move(use)] { use(memories->Names()); });
+    return runner_.Run(memories, {}, [memories, use = std::move(use)] { use(memories->Names()); });
 }
 
 void MessageOperations::TransferAsking(const MessageSelection& selection, bool move) {
@@ -262,33 +263,40 @@ void MessageOperations::RemoveReplaced(const KeptSelections::Kept& replaced) {
 }
 
 void MessageOperations::SaveComposed(const SmsRecord& record, KeptSelections::Kept origin,
-                                     std::function<void()> safe) {
-    WithMemories([this, composed = std::make_shared<SmsRecord>(record), origin = std::move(origin),
-                  safe = std::move(safe)](const std::vector<std::u16string>& memories) {
+                                     std::function<void(bool)> saved) {
+    const auto save = [this, composed = std::make_shared<SmsRecord>(record), origin = std::move(origin),
+                       saved](const std::vector<std::u16string>& memories) {
         const MessageFolder* const suggested = origin->IsEmpty() ? &tree_.OnPc(draftPlace) : origin->folder;
         const auto target = AskSaveTarget(
             tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = suggested},
             document_.User());
-        if (target) SaveTo(*composed, *target, origin, safe);
-    });
+        if (target)
+            SaveTo(*composed, *target, origin, saved);
+        else
+            saved(false);
+    };
+    if (!WithMemories(save)) saved(false);
 }
 
 /// What goes to the handset goes by way of the PC's drafts, where it stays if it can't be written.
 void MessageOperations::SaveTo(const SmsRecord& record, const SaveTarget& target,
-                               const KeptSelections::Kept& origin, const std::function<void()>& safe) {
+                               const KeptSelections::Kept& origin, const std::function<void(bool)>& saved) {
     const bool toHandset = tree_.IsOnHandset(*target.folder);
     MessageFolder& first = toHandset ? tree_.OnPc(draftPlace) : *target.folder;
     SmsRecord* const kept = KeepSafe(record, first);
-    if (!kept) return;
+    if (!kept) {
+        saved(false);
+        return;
+    }
     const bool replaces = !origin->IsEmpty() && origin->folder == target.folder;
     if (!toHandset) {
         if (replaces) RemoveReplaced(origin);
         *origin = {&first, {kept}};
         Q_EMIT changed();
-        safe();
+        saved(true);
         return;
     }
-    safe();
+    saved(true);
     TransferTo({&first, {kept}}, target, true, [=, this, &first](const MessageTransfer& transfer) {
         if (transfer.Stored().empty()) {
             *origin = {&first, {kept}};

@@ -65,8 +65,9 @@ public:
 
     /// Saves to a folder that the user chooses, and sends. `origin` is what the editor was opened on; it is
     /// replaced where the message is saved into its folder, and where it is a draft and the message is sent,
-    /// and becomes the saved message. `safe` is called when the message can't be lost any more.
-    void SaveComposed(const SmsRecord& record, KeptSelections::Kept origin, std::function<void()> safe);
+    /// and becomes the saved message. `saved` is called with true when the message can't be lost any more, or
+    /// with false when it won't be saved; `safe` as the former.
+    void SaveComposed(const SmsRecord& record, KeptSelections::Kept origin, std::function<void(bool)> saved);
     void SendComposed(const SmsRecord& record, const KeptSelections::Kept& origin,
                       const std::function<void()>& safe);
 
@@ -87,11 +88,11 @@ private:
     void PcFoldersChanged() override;
     bool SaveNow() override;
 
-    void WithMemories(std::function<void(const std::vector<std::u16string>&)> use);
+    bool WithMemories(std::function<void(const std::vector<std::u16string>&)> use);
     void TransferTo(const MessageSelection& selection, const SaveTarget& target, bool move,
                     const std::function<void(const MessageTransfer&)>& ended = {});
     void SaveTo(const SmsRecord& record, const SaveTarget& target, const KeptSelections::Kept& origin,
-                const std::function<void()>& safe);
+                const std::function<void(bool)>& saved);
     void SendAllOf(const std::vector<MessageSending::Waiting>& messages);
     SmsRecord* KeepSafe(const SmsRecord& record, MessageFolder& folder);
     void RemoveReplaced(const KeptSelections::Kept& replaced);

@@ -111,6 +111,8 @@ TEST_F(DialogTest, ClosingAsksForWhatIsNotSavedAndNeverLosesIt) {
     EXPECT_EQ(user.heard, std::vector<std::u16string>{Words(Word::SaveMessage)});
     user.answers = {Answer::Yes};
     dialog->close();
+    EXPECT_TRUE(dialog->IsClosing());
+    EXPECT_TRUE(Await([this] { return !dialog->IsClosing(); }));
     EXPECT_EQ(Note(), QWords(Word::NoRecipient));
     EXPECT_TRUE(dialog->isVisible()) << "it can't be saved like this";
 
@@ -125,7 +127,7 @@ TEST_F(DialogTest, ClosingAsksForWhatIsNotSavedAndNeverLosesIt) {
     Write("y");
     user.answers = {Answer::Yes};
     dialog->close();
-    EXPECT_EQ(saved.size(), 2u);
+    EXPECT_TRUE(Await([this] { return saved.size() == 2; }));
     EXPECT_TRUE(dialog->isVisible()) << "the owner still has to choose a folder";
     dialog->NoteSaved();
     EXPECT_TRUE(Await([this] { return !dialog; }));

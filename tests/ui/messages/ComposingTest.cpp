@@ -74,6 +74,14 @@ TEST_F(Composing, WithoutAHandsetAMessageWaitsOnTheDisk) {
     EXPECT_EQ(user.heard, Texts{u"The phone isn't connected. The message waits in the Outbox of the PC."});
     EXPECT_TRUE(AwaitNoEditor());
     EXPECT_EQ(TextsIn(Stored().OnPc(outboxPlace)), Texts{u"later"});
+
+    Command("newMessage").trigger();
+    Write(QStringLiteral("112"), QStringLiteral("later still"));
+    user.answers = {Answer::Yes};
+    user.folders = {FolderChoice{4}};
+    Editor().close();
+    EXPECT_TRUE(AwaitNoEditor()) << "closed when it is saved";
+    EXPECT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"later still"});
 }
 
 TEST_F(Composing, SavingTwiceAndSendingLeavesOneMessage) {
@@ -184,14 +192,22 @@ TEST_F(Composing, TheWindowStaysForTextThatWouldBeLost) {
     EXPECT_TRUE(Frame().isVisible());
     EXPECT_EQ(Editor().Text().toPlainText(), QStringLiteral("nearly lost"));
 
+    // Nor does it go by itself later, when the user has given up.
+    user.answers = {Answer::Yes};
+    user.folders = {std::nullopt, FolderChoice{9}};
+    Frame().close();
+    ASSERT_TRUE(Await([this] { return user.folders.size() == 1; }));
+    ASSERT_TRUE(AwaitRest());
+    InEditor("save");
+    EXPECT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"nearly lost"});
+    EXPECT_FALSE(Editor().IsClosing());
+    EXPECT_TRUE(Frame().isVisible());
+
+    Write({}, QStringLiteral(", but not"));
     user.answers = {Answer::Yes};
     user.folders = {FolderChoice{9}};
-    Frame().close();
-    ASSERT_TRUE(AwaitRest());
-    ASSERT_TRUE(AwaitNoEditor());
-    EXPECT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"nearly lost"});
-    if (Frame().isVisible()) Close();
-    EXPECT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"nearly lost"});
+    Close();
+    EXPECT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"nearly lost, but not"});
 }
 
 TEST(MessagePrintingTest, KeepsMessagesWholeAndCutsOnlyWhatFitsOnNoPage) {

@@ -87,6 +87,17 @@ TEST_F(MessagesView, ACancelledReadingKeepsWhatWasRead) {
     EXPECT_TRUE(Command("readMessages").isEnabled());
 }
 
+TEST_F(MessagesView, ClosingDuringAReadingEndsItAndThenTheProgram) {
+    Open();
+    user.answers = {Answer::Yes};
+    handset.ForgetCommands();
+    Command("readMessages").trigger();
+    ASSERT_TRUE(Await([&] { return handset.Count("AT+CMGR=5") == 1; }));
+    Close();
+    EXPECT_EQ(handset.Count("AT+CMGR=25"), 0u) << "the rest isn't read";
+    EXPECT_EQ(handset.Count("AT+CPMS=\"SM\", \"SM\", \"SM\""), 2u) << "the selection is restored";
+}
+
 TEST_F(MessagesView, DropsMoveAndCopyMessages) {
     Open();
     ReadAll();
