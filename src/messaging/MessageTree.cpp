@@ -19,6 +19,19 @@ bool MessageTree::IsInTrash(const MessageFolder& folder) const {
     return false;
 }
 
+FolderLook MessageTree::LookOf(const MessageFolder& folder) const {
+    constexpr FolderLook looks[] = {FolderLook::Inbox, FolderLook::Outbox,   FolderLook::Sent,
+                                    FolderLook::Draft, FolderLook::Personal, FolderLook::Trash};
+    if (&folder == &HandsetRoot()) return FolderLook::Handset;
+    if (&folder == &PcRoot()) return FolderLook::Computer;
+    if (folder.parent == &HandsetRoot() || folder.parent == &PcRoot()) {
+        for (size_t place = 0; place < std::size(looks); ++place) {
+            if (folder.parent->Child(place) == &folder) return looks[place];
+        }
+    }
+    return FolderLook::Own;
+}
+
 MessagePlace MessageTree::PlaceOnHandset(const MessageFolder& folder) const {
     for (const MessagePlace place : handsetPlaces) {
         if (&OnHandset(place) == &folder) return place;

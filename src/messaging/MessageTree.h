@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/base/UserInteraction.h"
 #include "messaging/FolderPlaces.h"
 #include "messaging/MessageFolder.h"
 
@@ -29,6 +30,7 @@ public:
     MessagePlace PlaceOnHandset(const MessageFolder& folder) const;
     /// Whether records may lie in it: not in the two roots, nor in their root.
     bool HoldsMessages(const MessageFolder& folder) const;
+    FolderLook LookOf(const MessageFolder& folder) const;
 
 private:
     MessageFolder* root_;

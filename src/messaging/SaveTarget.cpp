@@ -25,7 +25,8 @@ std::optional<SaveTarget> AskSaveTarget(const MessageTree& tree, const SaveOffer
         const bool inMemory = folder->parent == &tree.HandsetRoot();
         const std::lock_guard guard(folder->lock);
         question.rows.push_back({folder->name, depth, tree.HoldsMessages(*folder),
-                                 inMemory ? offer.memories : std::vector<std::u16string>()});
+                                 inMemory ? offer.memories : std::vector<std::u16string>(),
+                                 tree.LookOf(*folder)});
         for (auto child = folder->children.rbegin(); child != folder->children.rend(); ++child)
             waiting.push_back({child->get(), depth + 1});
     }

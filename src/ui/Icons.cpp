@@ -80,6 +80,12 @@ QIcon ThemedIcon(const QString& name) {
     return QIcon(new ThemedIconEngine(file.readAll()));
 }
 
+QIcon FolderIcon(FolderLook look) {
+    constexpr const char* names[] = {"folder", "handset", "computer", "inbox", "outbox",
+                                     "sent",   "draft",   "personal", "trash"};
+    return ThemedIcon(QString::fromLatin1(names[static_cast<size_t>(look)]));
+}
+
 QIcon ProgramIcon() {
     RegisterDrawings();
     return QIcon(QStringLiteral(":/icons/tarnbridge.svg"));

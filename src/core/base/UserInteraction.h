@@ -37,11 +37,15 @@ struct FileQuestion {
 };
 
 /// A row of a tree of folders, which is offered in the order in which it is shown.
+/// What a folder is, for its drawing.
+enum class FolderLook { Own, Handset, Computer, Inbox, Outbox, Sent, Draft, Personal, Trash };
+
 struct FolderRow {
     std::u16string name;
     int depth = 0;                           ///< 0 for a root
     bool selectable = true;                  ///< false: shown for its children only
     std::vector<std::u16string> memories{};  ///< "ME", "SM": where in it a record can go; empty for no choice
+    FolderLook look = FolderLook::Own;
 };
 
 struct FolderQuestion {

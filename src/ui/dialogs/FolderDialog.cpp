@@ -69,7 +69,7 @@ void FolderDialog::FillTree() {
     QStandardItem* suggested = nullptr;
     for (size_t i = 0; i < question_.rows.size(); ++i) {
         const FolderRow& row = question_.rows[i];
-        auto* const item = new QStandardItem(ThemedIcon(QStringLiteral("folder")), ToQString(row.name));
+        auto* const item = new QStandardItem(FolderIcon(row.look), ToQString(row.name));
         item->setData(static_cast<int>(i), rowRole);
         item->setSelectable(row.selectable);
         const size_t depth = std::min(static_cast<size_t>(std::max(row.depth, 0)), path.size());

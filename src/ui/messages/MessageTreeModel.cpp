@@ -11,8 +11,6 @@
 namespace tarnbridge {
 namespace {
 
-constexpr const char* placeIcons[] = {"inbox", "outbox", "sent", "draft", "personal", "trash"};
-
 std::vector<MessageFolder*> ChildrenOf(const MessageFolder& folder) {
     const std::lock_guard guard(folder.lock);
     std::vector<MessageFolder*> children;
@@ -110,25 +108,11 @@ bool MessageTreeModel::Describe(Node& node) const {
     const int unread = UnreadIn(folder);
     node.mayChange = MessageFolders::MayChange(folder);
     node.holdsMessages = tree_.HoldsMessages(folder);
-    if (node.iconName.isEmpty()) {
-        node.iconName = IconNameOf(folder);
-        node.icon = ThemedIcon(node.iconName);
-    }
+    if (node.icon.isNull()) node.icon = FolderIcon(tree_.LookOf(folder));
     const bool changed = name != node.name || unread != node.unread;
     node.name = name;
     node.unread = unread;
     return changed;
-}
-
-QString MessageTreeModel::IconNameOf(const MessageFolder& folder) const {
-    if (&folder == &tree_.HandsetRoot()) return QStringLiteral("handset");
-    if (&folder == &tree_.PcRoot()) return QStringLiteral("computer");
-    if (folder.parent == &tree_.HandsetRoot() || folder.parent == &tree_.PcRoot()) {
-        for (size_t place = 0; place < std::size(placeIcons); ++place) {
-            if (folder.parent->Child(place) == &folder) return QString::fromLatin1(placeIcons[place]);
-        }
-    }
-    return QStringLiteral("folder");
 }
 
 MessageTreeModel::Node& MessageTreeModel::NodeOf(const QModelIndex& index) const {
@@ -189,8 +173,6 @@ QVariant MessageTreeModel::data(const QModelIndex& index, int role) const {
         }
         case UnreadRole:
             return node.unread;
-        case IconNameRole:
-            return node.iconName;
         default:
             return {};
     }

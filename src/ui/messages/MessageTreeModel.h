@@ -19,10 +19,7 @@ class MessageTreeModel : public QAbstractItemModel {
     Q_OBJECT
 
 public:
-    enum Role {
-        UnreadRole = Qt::UserRole,  ///< how many messages are unread
-        IconNameRole,               ///< name of the ThemedIcon
-    };
+    enum Role { UnreadRole = Qt::UserRole };  ///< how many messages are unread
 
     /// All must outlive the model.
     MessageTreeModel(MessageTree tree, MessageFolders& folders, QObject* parent);
@@ -64,7 +61,6 @@ private:
         Node* parent = nullptr;
         std::vector<Node*> children{};
         QString name{};
-        QString iconName{};
         QIcon icon{};
         int unread = 0;
         bool mayChange = false;
@@ -77,7 +73,6 @@ private:
     void RemoveWithAllBelow(Node& parent, size_t place);
     void InsertNew();
     bool Describe(Node& node) const;
-    QString IconNameOf(const MessageFolder& folder) const;
 
     const MessageTree tree_;
     MessageFolders& folders_;
