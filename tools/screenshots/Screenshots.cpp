@@ -28,6 +28,7 @@
 #include "MessageWidgets.h"
 #include "core/app/CTarnbridgeDoc.h"
 #include "core/base/Settings.h"
+#include "messaging/SaveTarget.h"
 #include "platform/PortMap.h"
 #include "simulator/HandsetServer.h"
 #include "ui/Icons.h"
@@ -222,15 +223,12 @@ private:
             user.AskText({Words(Word::SettingsDeviceQuestion), u"/dev/rfcomm0"});
         });
         GrabDialog(QStringLiteral("dialog-folder"), [&] {
-            user.ChooseFolder({Words(Word::SaveContactTo),
-                               {{Words(Word::MessageHandsetFolder), 0, false},
-                                {Words(Word::Inbox), 1, true, {u"ME", u"SM"}},
-                                {Words(Word::Draft), 1, true, {u"ME", u"SM"}},
-                                {Words(Word::MessagePcFolder), 0, false},
-                                {Words(Word::Inbox), 1},
-                                {Words(Word::Draft), 1}},
-                               2,
-                               u"SM"});
+            const MessageTree tree(program_.Document()->Content().messageRoot);
+            AskSaveTarget(tree,
+                          {.memories = {u"SM", u"ME"},
+                           .preferredMemory = u"SM",
+                           .suggested = &tree.OnHandset(draftPlace)},
+                          user);
         });
         const auto progress = user.ShowProgress(Words(Word::ReadingMessages), true);
         progress->SetTotal(52);
