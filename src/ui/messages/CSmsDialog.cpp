@@ -200,6 +200,10 @@ void CSmsDialog::NoteSent() {
 }
 
 void CSmsDialog::closeEvent(QCloseEvent* event) {
+    if (closes_) {
+        event->ignore();
+        return;
+    }
     // Where the frame closes its windows, the user sees which one is meant.
     const DialogParent parent(*this);
     if (draft_->Modified()) raise();

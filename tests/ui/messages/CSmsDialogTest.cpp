@@ -127,6 +127,7 @@ TEST_F(DialogTest, ClosingAsksForWhatIsNotSavedAndNeverLosesIt) {
     Write("y");
     user.answers = {Answer::Yes};
     dialog->close();
+    dialog->close();
     EXPECT_TRUE(Await([this] { return saved.size() == 2; }));
     EXPECT_TRUE(dialog->isVisible()) << "the owner still has to choose a folder";
     dialog->NoteSaved();
