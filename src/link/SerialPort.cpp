@@ -67,9 +67,16 @@ void SerialPort::Flush() {
     while (!stop_.IsSet() && device_->Read(scratch) > 0 && clock_.Now() - start < flushTime) {
     }
     abortParse = true;
+    // What ends the wait is the answer to this flush: one to an earlier cancel may come at the same time.
+    const unsigned wanted = ++flushesWanted_;
     cancel_.Set();
     device_->Wake();
-    clock_.Wait(flushDone_, flushTime);
+    const Milliseconds deadline = clock_.Now() + flushTime;
+    while (flushesServed_ != wanted) {
+        const Milliseconds left = deadline - clock_.Now();
+        if (left <= Milliseconds::zero() || !clock_.Wait(flushDone_, left)) break;
+        flushDone_.Reset();
+    }
     flushDone_.Reset();
 }
 
@@ -94,11 +101,14 @@ void SerialPort::ServeSignals() {
     const bool aborted = abort_.IsSet();
     const bool someoneWaits = commandActive_.IsSet();
     if (cancel_.IsSet()) {
+        // First of all, so that a flush from here on is served by the next round.
+        cancel_.Reset();
+        const unsigned wanted = flushesWanted_;
         reader_.Reset();
         prompt_.Reset();
         abortParse = false;
-        cancel_.Reset();
         resultTaken_.Reset();
+        flushesServed_ = wanted;
         flushDone_.Set();
     }
     if (!aborted) return;

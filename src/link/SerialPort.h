@@ -76,6 +76,8 @@ private:
     Event abort_{ResetMode::Manual};
     Event brokenOff_{ResetMode::Manual};
     std::atomic<bool> abortParse{false};
+    std::atomic<unsigned> flushesWanted_{0};
+    std::atomic<unsigned> flushesServed_{0};
 
     LineReader reader_;
 };
