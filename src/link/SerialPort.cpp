@@ -1,5 +1,6 @@
 #include "link/SerialPort.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarnbridge {
@@ -8,6 +9,9 @@ namespace {
 constexpr size_t bytesPerRead = 512;
 constexpr size_t longestLastCommand = 4096;
 constexpr Milliseconds roundTime{1};
+// When nothing has happened for so many rounds they become longer. Bytes, a flush and the end come at once.
+constexpr int roundsToIdle = 100;
+constexpr Milliseconds idleTime{50};
 constexpr Milliseconds flushTime{3000};
 constexpr Milliseconds retryPause{100};
 
@@ -82,15 +86,18 @@ void SerialPort::Flush() {
 
 void SerialPort::Run() {
     std::array<char, bytesPerRead> readBuffer;
+    int quietRounds = 0;
     while (!stop_.IsSet()) {
         ServeSignals();
         const int readCount = device_->Read(readBuffer);
         if (readCount > 0) {
+            quietRounds = 0;
             reader_.Feed({readBuffer.data(), static_cast<size_t>(readCount)});
         } else {
             // Nobody answers any more: who waits is freed at once.
             if (device_->HungUp()) abort_.Set();
-            device_->WaitReadable(roundTime);
+            quietRounds = commandActive_.IsSet() ? 0 : std::min(quietRounds + 1, roundsToIdle);
+            device_->WaitReadable(quietRounds < roundsToIdle ? roundTime : idleTime);
         }
     }
 }
