@@ -21,10 +21,9 @@ namespace tarnbridge {
 /// | result taken | caller, also one that has given up | read thread, without limit |
 /// | command active | caller | read thread, asked: without it a result is thrown away |
 /// | flush done | read thread | Flush |
-/// | abort | whoever ends a stalled transfer; read thread, when the device has hung up | read thread, each
-/// round: hands over an empty result | | broken off | read thread, with that empty result | a caller that
-/// waits for the prompt | | cancel | Flush, a caller that gives up | read thread, each round and byte:
-/// forgets what it has in hand |
+/// | abort | who ends a stalled transfer, a hang-up | read thread: hands over an empty result |
+/// | broken off | read thread, with that result | caller that waits for the prompt |
+/// | cancel | Flush, caller that gives up | read thread, also in a line: forgets what it has in hand |
 class LinkPort : public WorkerThread {
 public:
     /// Sends all the bytes; false after a second failure.
