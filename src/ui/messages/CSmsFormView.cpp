@@ -18,6 +18,7 @@
 #include "ui/QtText.h"
 #include "ui/messages/MessageListModel.h"
 #include "ui/messages/MessageListView.h"
+#include "ui/messages/MessageMenus.h"
 #include "ui/messages/MessageOperations.h"
 #include "ui/messages/MessagePrinting.h"
 #include "ui/messages/MessageReader.h"
@@ -137,60 +138,20 @@ void CSmsFormView::MakeList() {
     list_->setObjectName(QStringLiteral("messages"));
     list_->setAccessibleName(QWords(Word::FeatureMessages));
     list_->setModel(listModel_);
-    list_->setRootIsDecorated(false);
-    list_->setUniformRowHeights(true);
-    list_->setAllColumnsShowFocus(true);
-    list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list_->setContextMenuPolicy(Qt::CustomContextMenu);
-    list_->setDragEnabled(true);
-    list_->setDefaultDropAction(Qt::MoveAction);
     list_->setSortingEnabled(true);
-    list_->header()->setSectionsMovable(false);
 }
 
 void CSmsFormView::MakeMenus() {
     using C = MessageCommands;
-    constexpr int separator = C::Count;
-    const auto fill = [this](QMenu& menu, std::initializer_list<int> commands) {
-        menu.setToolTipsVisible(true);
-        for (const int command : commands) {
-            if (command == separator)
-                menu.addSeparator();
-            else
-                menu.addAction(commands_->Get(static_cast<C::Command>(command)));
-        }
-    };
-    const auto make = [&](Word words, const char* name, std::initializer_list<int> commands) {
-        auto* const menu = new QMenu(QWords(words), this);
-        menu->setObjectName(QString::fromLatin1(name));
-        fill(*menu, commands);
-        return menu;
-    };
-    menus_ = {
-        make(Word::MenuEdit, "editMenu",
-             {C::CutMessages, C::CopyMessages, C::PasteMessages, separator, C::MoveMessages,
-              C::CopyMessagesTo, C::DeleteMessages, separator, C::SelectAllMessages, C::FindMessages}),
-        make(Word::MenuMessage, "messageMenu",
-             {C::NewMessage, C::OpenMessage, C::ReplyMessage, C::ForwardMessage, separator, C::SendMessage,
-              C::SendAllMessages, C::ReadMessages, separator, C::SaveText, C::ImportMessages,
-              C::ExportMessages, separator, C::PrintMessage, C::PrintPreview}),
-        make(Word::MenuFolder, "folderMenu",
-             {C::MakeFolder, C::RenameFolder, C::DeleteFolder, C::CleanTrash}),
-    };
-    QMenu* const listMenu =
-        make(Word::MenuMessage, "listMenu",
-             {C::OpenMessage, C::ReplyMessage, C::ForwardMessage, C::SendMessage, separator, C::CutMessages,
-              C::CopyMessages, C::PasteMessages, C::MoveMessages, C::CopyMessagesTo, C::DeleteMessages,
-              separator, C::SelectAllMessages, separator, C::SaveText, C::PrintMessage});
-    QMenu* const treeMenu = make(Word::MenuFolder, "treeMenu",
-                                 {C::MakeFolder, C::RenameFolder, C::DeleteFolder, C::CleanTrash, separator,
-                                  C::PasteMessages, separator, C::ImportMessages, C::ExportMessages});
+    const MessageMenus menus = MakeMessageMenus(*commands_, this);
+    menus_ = menus.inBar;
     const auto pop = [](QAbstractItemView* view, QMenu* menu) {
         connect(view, &QWidget::customContextMenuRequested, menu,
                 [view, menu](const QPoint& place) { menu->popup(view->viewport()->mapToGlobal(place)); });
     };
-    pop(list_, listMenu);
-    pop(tree_, treeMenu);
+    pop(list_, menus.ofList);
+    pop(tree_, menus.ofTree);
 
     // The keys of folders work among the folders, those of messages everywhere else; keys that texts know too
     // go to the text that has the focus.

@@ -1,6 +1,7 @@
 #include "ui/messages/MessageListView.h"
 
 #include <QDrag>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMimeData>
 
@@ -28,6 +29,16 @@ QPixmap PictureOf(qsizetype count, const QWidget& view) {
 }
 
 }  // namespace
+
+MessageListView::MessageListView(QWidget* parent) : QTreeView(parent) {
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setDragEnabled(true);
+    setDefaultDropAction(Qt::MoveAction);
+    header()->setSectionsMovable(false);
+}
 
 void MessageListView::startDrag(Qt::DropActions actions) {
     const QModelIndexList rows = selectionModel()->selectedRows();

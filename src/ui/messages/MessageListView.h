@@ -9,7 +9,7 @@ class MessageListView : public QTreeView {
     Q_OBJECT
 
 public:
-    using QTreeView::QTreeView;
+    explicit MessageListView(QWidget* parent = nullptr);
 
 protected:
     void startDrag(Qt::DropActions actions) override;
