@@ -131,7 +131,7 @@ TEST_F(Sending, AMessageOfTheHandsetStaysThereAsItIs) {
     const std::vector<int> locations = record.handsetIndices;
     Run(tree.OnHandset(draftPlace), {&record});
     EXPECT_EQ(Results(), Strings{"+4670123:done"});
-    EXPECT_EQ(session.Locations("ME"), (std::map<int, int>{{1, 2}}));
+    EXPECT_EQ(session.handset.Locations("ME"), (std::map<int, int>{{1, 2}}));
     EXPECT_EQ(tree.OnHandset(draftPlace).records.at(0).get(), &record);
     EXPECT_EQ(record.handsetIndices, locations);
     EXPECT_EQ(record.status, smsDraft);

@@ -54,16 +54,17 @@ TEST_F(Transfer, ToThePcAndBack) {
     SmsRecord& other = PutOnHandset(u"other", smsRead);
     EXPECT_TRUE(Run(handsetInbox, {&whole, &other}, inbox, false));
     EXPECT_EQ(keeper.saves, 0);
-    EXPECT_EQ(session.Locations("ME").size(), 4u) << "a copy leaves the handset alone";
+    EXPECT_EQ(session.handset.Locations("ME").size(), 4u) << "a copy leaves the handset alone";
     EXPECT_TRUE(Run(handsetInbox, {&whole, &other}, inbox, true));
     EXPECT_EQ(keeper.saves, 1);
-    EXPECT_TRUE(session.Locations("ME").empty()) << "all parts of a long message go";
+    EXPECT_TRUE(session.handset.Locations("ME").empty()) << "all parts of a long message go";
     EXPECT_TRUE(handsetInbox.records.empty());
     ASSERT_EQ(inbox.records.size(), 4u);
     EXPECT_EQ(inbox.records[0]->storage, u"PC");
 
     EXPECT_TRUE(Run(inbox, {inbox.records[0].get()}, tree.OnHandset(outboxPlace), true, u"SM"));
-    EXPECT_EQ(session.Locations("SM"), (Locations{{1, 5}, {2, 5}, {3, 5}})) << "to the memory asked for";
+    EXPECT_EQ(session.handset.Locations("SM"), (Locations{{1, 5}, {2, 5}, {3, 5}}))
+        << "to the memory asked for";
     EXPECT_EQ(inbox.records.size(), 3u);
     EXPECT_EQ(tree.OnHandset(outboxPlace).records.at(0)->storage, u"SM");
     EXPECT_FALSE(tree.OnHandset(outboxPlace).records.at(0)->emsMessage)
@@ -75,7 +76,7 @@ TEST_F(Transfer, WhatTheHandsetCannotStoreAsReceivedLiesInItsDraft) {
     SmsRecord& record = Put(inbox, u"x", smsRead);
     EXPECT_TRUE(Run(inbox, {&record}, handsetInbox, false));
     EXPECT_TRUE(wentToDraft);
-    EXPECT_EQ(session.Locations("ME"), (Locations{{1, 2}}));
+    EXPECT_EQ(session.handset.Locations("ME"), (Locations{{1, 2}}));
     EXPECT_EQ(Texts(handsetDraft), Strings{"x"});
 }
 
@@ -85,7 +86,7 @@ TEST_F(Transfer, NothingLeavesTheHandsetBeforeItIsOnTheDisk) {
     EXPECT_FALSE(Run(handsetInbox, {&record}, inbox, true));
     EXPECT_EQ(outcomes[0].words, Word::MessageNotSaved);
     EXPECT_FALSE(Run(handsetInbox, {&record}, handsetDraft, true));
-    EXPECT_EQ(session.Locations("ME"), (Locations{{1, 1}}));
+    EXPECT_EQ(session.handset.Locations("ME"), (Locations{{1, 1}}));
     EXPECT_TRUE(inbox.records.empty() && draft.records.empty());
     EXPECT_EQ(Texts(handsetInbox), Strings{"x"});
 }
@@ -93,13 +94,13 @@ TEST_F(Transfer, NothingLeavesTheHandsetBeforeItIsOnTheDisk) {
 TEST_F(Transfer, AMoveOnTheHandsetIsWrittenAnewInItsNewFolder) {
     SmsRecord& record = PutOnHandset(u"x", smsDraft);
     EXPECT_TRUE(Run(handsetDraft, {&record}, tree.OnHandset(sentPlace), true, {}));
-    EXPECT_EQ(session.Locations("ME"), (Locations{{1, 3}}));
+    EXPECT_EQ(session.handset.Locations("ME"), (Locations{{1, 3}}));
     EXPECT_TRUE(handsetDraft.records.empty());
     EXPECT_TRUE(draft.records.empty()) << "the copy is needed no more";
     EXPECT_TRUE(Run(tree.OnHandset(sentPlace), {tree.OnHandset(sentPlace).records[0].get()}, handsetDraft,
                     true, u"SM"));
-    EXPECT_EQ(session.Locations("SM"), (Locations{{1, 2}}));
-    EXPECT_TRUE(session.Locations("ME").empty());
+    EXPECT_EQ(session.handset.Locations("SM"), (Locations{{1, 2}}));
+    EXPECT_TRUE(session.handset.Locations("ME").empty());
 }
 
 TEST_F(Transfer, AFullHandsetRefusesAndKeepsWhatItHas) {
@@ -109,7 +110,7 @@ TEST_F(Transfer, AFullHandsetRefusesAndKeepsWhatItHas) {
     EXPECT_FALSE(Run(inbox, {&record}, handsetDraft, true));
     EXPECT_EQ(outcomes[0].words, Word::MessageNotWritten);
     EXPECT_EQ(outcomes[0].error, 322);
-    EXPECT_EQ(session.Locations("ME").size(), 1u);
+    EXPECT_EQ(session.handset.Locations("ME").size(), 1u);
     EXPECT_EQ(inbox.records.size(), 1u);
 }
 
@@ -120,7 +121,7 @@ TEST_F(Transfer, ACancelLeavesTheRestAsItWas) {
     EXPECT_FALSE(Run(handsetInbox, records, inbox, true, {}, 1));
     EXPECT_EQ(Texts(inbox), (Strings{"a", "b"})) << "a copy goes when its message stays";
     EXPECT_EQ(Texts(handsetInbox), Strings{"c"});
-    EXPECT_EQ(session.Locations("ME").size(), 1u);
+    EXPECT_EQ(session.handset.Locations("ME").size(), 1u);
     EXPECT_EQ(outcomes[2].state, MessageOutcome::State::NotTried);
 }
 
@@ -131,7 +132,7 @@ TEST_F(Transfer, WhatCannotBeReadWholeIsNotWrittenAnew) {
     EXPECT_FALSE(Run(inbox, {&record}, handsetInbox, true));
     EXPECT_EQ(outcomes[0].words, Word::MessageNotWritten);
     EXPECT_EQ(inbox.records.size(), 1u);
-    EXPECT_TRUE(session.Locations("ME").empty());
+    EXPECT_TRUE(session.handset.Locations("ME").empty());
 }
 
 TEST_F(Transfer, APartThatStaysOnTheHandsetIsNamedThoughTheRestWorked) {
@@ -178,10 +179,11 @@ TEST_F(Transfer, AtEveryStepNothingIsLostAndWhatIsLeftIsNamed) {
                                way == OtherMemory ? u"SM" : u"ME");
                 const std::string where = fmt::format("way {} {} {}", static_cast<int>(way), fault, step);
 
-                const size_t onHandset = session.Locations("SM").size() + session.Locations("ME").size();
+                const size_t onHandset =
+                    session.handset.Locations("SM").size() + session.handset.Locations("ME").size();
                 const bool onPc = has(inbox) || has(draft);
-                const bool onSim = session.Locations("SM").size() == 3;
-                EXPECT_TRUE(onPc || onSim || session.Locations("ME").size() == 3) << where;
+                const bool onSim = session.handset.Locations("SM").size() == 3;
+                EXPECT_TRUE(onPc || onSim || session.handset.Locations("ME").size() == 3) << where;
                 size_t mirrored = 0;
                 for (MessageFolder* const folder : {&handsetInbox, &handsetDraft}) {
                     for (const auto& own : folder->records)
@@ -217,7 +219,7 @@ TEST_F(Transfer, DeletingGoesToTheTrashFirstAndIsForGoodThere) {
     EXPECT_TRUE(RunTask(onHandset));
     EXPECT_EQ(Texts(handsetInbox), Strings{"b"});
     EXPECT_EQ(onHandset.Outcomes()[1].error, 302);
-    EXPECT_EQ(session.Locations("ME"), (Locations{{2, 1}}));
+    EXPECT_EQ(session.handset.Locations("ME"), (Locations{{2, 1}}));
     EXPECT_NE(FailureWords(onHandset.Outcomes()).find(u"302"), std::u16string::npos);
 }
 

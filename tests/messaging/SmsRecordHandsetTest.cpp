@@ -58,12 +58,12 @@ TEST_F(SmsRecordHandset, PlainTextGoesWhereTheHandsetPutsItInAsManyPartsAsItNeed
         EXPECT_EQ(record.storage, u"SM") << "the SIM comes first in MT";
         EXPECT_EQ(record.text8.size(), length);
         EXPECT_TRUE(record.Remove(link, error));
-        EXPECT_TRUE(session.Locations("SM").empty());
+        EXPECT_TRUE(session.handset.Locations("SM").empty());
     }
     SmsRecord tooLong = Plain(std::string(1531, 'x'));
     session.handset.ForgetCommands();
     EXPECT_FALSE(Write(tooLong, u"ME"));
-    EXPECT_TRUE(session.Locations("SM").empty());
+    EXPECT_TRUE(session.handset.Locations("SM").empty());
 }
 
 TEST_F(SmsRecordHandset, UnicodeTextIsCutAt70And67Characters) {
@@ -106,7 +106,7 @@ TEST_F(SmsRecordHandset, TheStatusDecidesFormAndCommand) {
         session.SetStoreQuery(row.storeQuery);
         SmsRecord record = Ems(u"x", row.status);
         EXPECT_EQ(Write(record, u"ME"), row.stat != 0) << row.status << row.storeQuery;
-        EXPECT_EQ(session.Locations("ME"), row.stat != 0 ? (Locations{{1, row.stat}}) : Locations());
+        EXPECT_EQ(session.handset.Locations("ME"), row.stat != 0 ? (Locations{{1, row.stat}}) : Locations());
         SmsRecord read;
         if (row.stat != 0 && read.Read(link, u"ME", 21, error)) {
             EXPECT_EQ(read.messageType, row.stat == 1 ? SmsRecord::deliver : SmsRecord::submit);
@@ -122,13 +122,13 @@ TEST_F(SmsRecordHandset, APartThatCannotBeWrittenUndoesTheOthers) {
     session.handset.SetFaults({"error=+CMGW:322,after=2"});
     EXPECT_FALSE(Write(record, u"ME"));
     EXPECT_EQ(error, 322);
-    EXPECT_TRUE(session.Locations("ME").empty());
+    EXPECT_TRUE(session.handset.Locations("ME").empty());
     EXPECT_TRUE(record.leftBehind.empty());
 
     session.handset.SetFaults({"error=+CMGW:322,after=2", "error=+CMGD:302,after=1"});
     EXPECT_FALSE(Write(record, u"ME"));
     EXPECT_EQ(record.leftBehind, std::vector<int>{22}) << "written, and not freed again";
-    EXPECT_EQ(session.Locations("ME"), (Locations{{2, 2}}));
+    EXPECT_EQ(session.handset.Locations("ME"), (Locations{{2, 2}}));
     EXPECT_TRUE(record.handsetIndices.empty());
 }
 
@@ -173,11 +173,11 @@ TEST_F(SmsRecordHandset, UpdateWritesAgainWhereItLay) {
     ASSERT_TRUE(Write(record, u"ME"));
     record.status = smsOutbox;
     ASSERT_TRUE(record.Update(link, error));
-    EXPECT_EQ(session.Locations("ME"), (Locations{{1, 5}, {2, 5}}));
+    EXPECT_EQ(session.handset.Locations("ME"), (Locations{{1, 5}, {2, 5}}));
     session.handset.SetFaults({"refuse=+CMGD"});
     session.handset.ForgetCommands();
     EXPECT_FALSE(record.Update(link, error));
-    EXPECT_EQ(session.Locations("ME").size(), 2u) << "nothing is written while the old one stands";
+    EXPECT_EQ(session.handset.Locations("ME").size(), 2u) << "nothing is written while the old one stands";
 }
 
 TEST_F(SmsRecordHandset, SendingPutsOutEachPartAndStopsAtTheFirstFailure) {

@@ -45,16 +45,6 @@ struct HandsetSession {
         Reconnect();
     }
 
-    /// The locations in use of "SM" or "ME", each of its memory's own counting, with their states.
-    std::map<int, int> Locations(const std::string& memory) {
-        return handset.With([&](simulator::HandsetContent& content) {
-            std::map<int, int> states;
-            for (const auto& [location, message] : content.Messages(memory)->items)
-                states[location] = message.stat;
-            return states;
-        });
-    }
-
     TemporaryFolder folder;
     FileEntryStore store{folder / "Test.conf"};
     PortMap ports{store};

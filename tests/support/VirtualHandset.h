@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -54,6 +55,16 @@ public:
 
     /// Waits, 10 s at most, until this command line has been heard since the last ForgetCommands.
     bool AwaitCommand(const std::string& line) { return server_->AwaitCommand(line, Milliseconds(10'000)); }
+
+    /// The locations in use of "SM" or "ME", each of its memory's own counting, with their states.
+    std::map<int, int> Locations(const std::string& memory) {
+        return With([&](simulator::HandsetContent& content) {
+            std::map<int, int> states;
+            for (const auto& [location, message] : content.Messages(memory)->items)
+                states[location] = message.stat;
+            return states;
+        });
+    }
 
     void Unplug() { server_->Unplug(); }
     void Plug();

@@ -163,12 +163,12 @@ TEST_F(ComposeCommands, SaveTakesTheFolderAndTheMemoryThatAreNamed) {
     const Json message = Records(saved.output).at(0);
     EXPECT_EQ(message["folder"], "Outbox");
     EXPECT_EQ(message["memory"], "SM");
-    EXPECT_EQ(Locations("SM"), (Numbers{{1, 5}}));
+    EXPECT_EQ(handset.Locations("SM"), (Numbers{{1, 5}}));
     EXPECT_EQ(List("Outbox").at(0)["objects"], message["objects"]);
     EXPECT_EQ(Texts(message["objects"], "kind"), (Strings{"picture", "melody"}));
     EXPECT_EQ(message["objects"][0]["data"], "0180") << "black is 1 in a message and 0 in the file";
     EXPECT_EQ(Sms({"save", "--to", "12", "--folder", "Sent", "x"}).exitCode, 0);
-    EXPECT_EQ(Locations("ME"), (Numbers{{1, 3}})) << "the preferred memory";
+    EXPECT_EQ(handset.Locations("ME"), (Numbers{{1, 3}})) << "the preferred memory";
 
     handset.Unplug();
     EXPECT_EQ(Sms({"save", "--to", "12", "--folder", "pc/Draft", "x"}).exitCode, 0) << "needs no handset";
@@ -181,20 +181,20 @@ TEST_F(ComposeCommands, WhatTheMemoryHasNoRoomForGoesToBoth) {
         Receive("SM", location, 1, u"x");
     const std::string text(400, 'y');
     EXPECT_EQ(Sms({"save", "--to", "1", "--memory", "SM", text}).exitCode, 0);
-    EXPECT_EQ(Locations("SM").size(), 20u);
-    EXPECT_EQ(Locations("ME").size(), 2u);
+    EXPECT_EQ(handset.Locations("SM").size(), 20u);
+    EXPECT_EQ(handset.Locations("ME").size(), 2u);
     EXPECT_EQ(Texts(List("Draft")), Strings{text}) << "joined again";
 
     handset.With([](simulator::HandsetContent& content) { return content.phoneMessages.capacity = 4; });
     const auto full = Sms({"save", "--to", "1", "--memory", "SM", text});
     EXPECT_EQ(full.exitCode, 1);
     EXPECT_NE(full.errors.find("error 322"), std::string::npos) << full.errors;
-    EXPECT_EQ(Locations("ME").size(), 2u) << "the parts that had room are deleted again";
+    EXPECT_EQ(handset.Locations("ME").size(), 2u) << "the parts that had room are deleted again";
 }
 
 TEST_F(ComposeCommands, WhatTheHandsetCannotStoreAsReceivedLiesInItsDraft) {
     EXPECT_EQ(Sms({"save", "--to", "1", "--folder", "Inbox", "x"}).exitCode, 0);
-    EXPECT_EQ(Locations("ME"), (Numbers{{1, 1}}));
+    EXPECT_EQ(handset.Locations("ME"), (Numbers{{1, 1}}));
     handset.With([](simulator::HandsetContent& content) {
         content.features.storeQuery = "ERROR";
         return 0;
@@ -203,7 +203,7 @@ TEST_F(ComposeCommands, WhatTheHandsetCannotStoreAsReceivedLiesInItsDraft) {
     EXPECT_EQ(output.exitCode, 0);
     EXPECT_NE(output.errors.find("They lie in its Draft folder"), std::string::npos);
     EXPECT_EQ(Records(output.output).at(0)["folder"], "Draft");
-    EXPECT_EQ(Locations("ME"), (Numbers{{1, 1}, {2, 2}}));
+    EXPECT_EQ(handset.Locations("ME"), (Numbers{{1, 1}, {2, 2}}));
 }
 
 TEST_F(ComposeCommands, ReplyAndForward) {

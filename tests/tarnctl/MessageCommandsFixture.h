@@ -64,16 +64,6 @@ protected:
         return {0, 3, 7, static_cast<char>(total), static_cast<char>(number)};
     }
 
-    /// The locations in use, of the memory's own counting, with their states.
-    std::map<int, int> Locations(const std::string& memory) {
-        return handset.With([&](simulator::HandsetContent& content) {
-            std::map<int, int> states;
-            for (const auto& [location, message] : content.Messages(memory)->items)
-                states[location] = message.stat;
-            return states;
-        });
-    }
-
     /// How many commands that begin so the handset has heard.
     size_t CountOf(const std::string& beginning) {
         const std::vector<std::string> commands = handset.Commands();

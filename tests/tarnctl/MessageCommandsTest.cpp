@@ -107,11 +107,11 @@ TEST_F(MessageCommands, DeleteTakesTheNamedLocationsAndTellsWhichAreLeft) {
     for (const int location : {1, 2, 3, 4})
         Receive("SM", location, 1, u"part", Part(4, location));
     EXPECT_EQ(Sms({"delete", "SM", "2", "2", "--yes"}).exitCode, 0);
-    EXPECT_EQ(Locations("SM"), (Numbers{{1, 1}, {3, 1}, {4, 1}}));
+    EXPECT_EQ(handset.Locations("SM"), (Numbers{{1, 1}, {3, 1}, {4, 1}}));
     handset.SetFaults({"error=+CMGD:302,times=1"});
     const auto output = Sms({"delete", "SM", "1", "3", "--yes"});
     EXPECT_EQ(output.exitCode, 1);
-    EXPECT_EQ(Locations("SM"), (Numbers{{1, 1}, {4, 1}})) << "one failure doesn't stop the rest";
+    EXPECT_EQ(handset.Locations("SM"), (Numbers{{1, 1}, {4, 1}})) << "one failure doesn't stop the rest";
     EXPECT_NE(output.errors.find("error 302"), std::string::npos) << output.errors;
     EXPECT_NE(output.errors.find("parts of it: 1\n"), std::string::npos) << output.errors;
 }
@@ -141,11 +141,11 @@ TEST_F(MessageCommands, OnATerminalDeletingAsksAndLongWorkShowsWhereItIs) {
         return std::make_pair(code.value_or(-1), shown);
     };
     EXPECT_EQ(run("delete SM 1", "n\n").first, 1);
-    EXPECT_EQ(Locations("SM").size(), 1u);
+    EXPECT_EQ(handset.Locations("SM").size(), 1u);
     const auto [code, shown] = run("delete SM 1", "y\n");
     EXPECT_EQ(code, 0);
     EXPECT_NE(shown.find("Do you want to delete"), std::string::npos) << shown;
-    EXPECT_TRUE(Locations("SM").empty());
+    EXPECT_TRUE(handset.Locations("SM").empty());
     EXPECT_NE(run("list", "").second.find("Reading messages from SIM 7/120"), std::string::npos);
 }
 
@@ -155,18 +155,19 @@ TEST_F(MessageCommands, ALocationStandsForItsWholeMessage) {
     Receive("ME", 7, 1, u"third", Part(3, 3));
     EXPECT_EQ(Sms({"copy", "ME", "20", "--folder", "pc/Inbox"}).exitCode, 1) << "20 is the SIM's";
     EXPECT_EQ(Sms({"copy", "ME", "21", "--folder", "pc/inbox"}).exitCode, 0);
-    EXPECT_EQ(Locations("SM").size() + Locations("ME").size(), 3u);
+    EXPECT_EQ(handset.Locations("SM").size() + handset.Locations("ME").size(), 3u);
     EXPECT_EQ(Sms({"move", "SM", "20", "ME", "--folder", "pc/Inbox"}).exitCode, 2);
     EXPECT_EQ(Sms({"move", "SM", "20", "--folder", "pc/Inbox"}).exitCode, 0);
-    EXPECT_TRUE(Locations("SM").empty() && Locations("ME").empty()) << "the parts in the other memory go too";
+    EXPECT_TRUE(handset.Locations("SM").empty() && handset.Locations("ME").empty())
+        << "the parts in the other memory go too";
     const auto kept = List("pc/Inbox");
     EXPECT_EQ(Texts(kept), (Strings{"first second third", "first second third"}));
     EXPECT_EQ(kept[1]["parts"], 3);
 
     EXPECT_EQ(Sms({"move", "pc/Inbox", "2", "--folder", "Sent", "--memory", "SM"}).exitCode, 0);
-    EXPECT_EQ(Locations("SM"), (Numbers{{1, 3}}));
+    EXPECT_EQ(handset.Locations("SM"), (Numbers{{1, 3}}));
     EXPECT_EQ(Sms({"move", "SM", "1", "--folder", "Draft"}).exitCode, 0);
-    EXPECT_EQ(Locations("SM"), (Numbers{{1, 2}})) << "it stays in its memory";
+    EXPECT_EQ(handset.Locations("SM"), (Numbers{{1, 2}})) << "it stays in its memory";
     const auto same = Sms({"move", "SM", "1", "--folder", "Draft"});
     EXPECT_EQ(same.exitCode, 1);
     EXPECT_NE(same.errors.find("same folder"), std::string::npos);
@@ -221,7 +222,7 @@ TEST_F(MessageCommands, ObjectsAndFormatsGoToThePcAndBack) {
     for (int location = 47; location <= 54; ++location)
         move.push_back(std::to_string(location));
     EXPECT_EQ(Sms(move).exitCode, 0);
-    EXPECT_TRUE(Locations("ME").empty());
+    EXPECT_TRUE(handset.Locations("ME").empty());
     EXPECT_EQ(
         Sms({"move", "pc/Personal", "1", "2", "3", "4", "5", "6", "7", "8", "--folder", "Inbox"}).exitCode,
         0);

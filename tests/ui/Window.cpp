@@ -1,8 +1,6 @@
 #include "ui/Window.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTimer>
@@ -13,24 +11,6 @@
 #include "ui/QtText.h"
 
 namespace tarnbridge::test {
-namespace {
-
-constexpr int limit = 10'000;  // milliseconds
-constexpr int lookAgain = 10;  // for what changes without an event
-
-}  // namespace
-
-bool Await(const std::function<bool()>& condition) {
-    QTimer look;
-    look.start(lookAgain);
-    for (const QDeadlineTimer deadline(limit); !condition();) {
-        if (deadline.hasExpired()) return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    return true;
-}
-
 void OnDialog(const QString& name, const std::function<void(QDialog&)>& use) {
     auto* const look = new QTimer;
     look->start(1);

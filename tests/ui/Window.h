@@ -9,13 +9,11 @@
 #include "support/ScriptedUser.h"
 #include "support/TemporaryFolder.h"
 #include "support/VirtualHandset.h"
+#include "ui/Await.h"
 #include "ui/frame/CMainFrame.h"
 #include "ui/frame/CTarnbridgeApp.h"
 
 namespace tarnbridge::test {
-
-/// Runs the event loop until the condition holds; false after ten seconds.
-bool Await(const std::function<bool()>& condition);
 
 /// Runs `use` on the next dialog that opens with this name, once it is open.
 void OnDialog(const QString& name, const std::function<void(QDialog&)>& use);

@@ -124,8 +124,7 @@ void MessagesView::Drop(QMimeData* data, const MessageFolder& on, Qt::DropAction
 }
 
 size_t MessagesView::CountOn(const std::string& memory) {
-    return handset.With(
-        [&](simulator::HandsetContent& content) { return content.Messages(memory)->items.size(); });
+    return handset.Locations(memory).size();
 }
 
 std::vector<std::u16string> TextsIn(const MessageFolder& folder) {

@@ -45,12 +45,20 @@ TEST_F(MessagesView, ReadsAllOfTheHandsetAndShowsIt) {
     EXPECT_EQ(Messages().rowCount(), 0);
 }
 
-TEST_F(MessagesView, AnUnpluggedHandsetEndsTheReadingAndComesBack) {
-    Open();
-    user.answers = {Answer::Yes};
-    handset.ForgetCommands();
-    Command("readMessages").trigger();
-    ASSERT_TRUE(Await([&] { return handset.Count("AT+CMGR=5") == 1; }));
+class Reading : public MessagesView {
+protected:
+    /// A reading of the handset that has come to its fifth location.
+    void Begin() {
+        Open();
+        user.answers = {Answer::Yes};
+        handset.ForgetCommands();
+        Command("readMessages").trigger();
+        ASSERT_TRUE(Await([this] { return handset.Count("AT+CMGR=5") == 1; }));
+    }
+};
+
+TEST_F(Reading, AnUnpluggedHandsetEndsTheReadingAndComesBack) {
+    Begin();
     EXPECT_FALSE(Command("deleteMessages").isEnabled());
     EXPECT_TRUE(Command("readMessages").toolTip().contains(QStringLiteral("wait")));
     Frame().Choose(2);
@@ -70,12 +78,8 @@ TEST_F(MessagesView, AnUnpluggedHandsetEndsTheReadingAndComesBack) {
     EXPECT_EQ(Messages().rowCount(), 34);
 }
 
-TEST_F(MessagesView, ACancelledReadingKeepsWhatWasRead) {
-    Open();
-    user.answers = {Answer::Yes};
-    handset.ForgetCommands();
-    Command("readMessages").trigger();
-    ASSERT_TRUE(Await([&] { return handset.Count("AT+CMGR=5") == 1; }));
+TEST_F(Reading, ACancelledReadingKeepsWhatWasRead) {
+    Begin();
     Frame().findChild<TaskDialog*>()->findChild<QPushButton*>()->click();
     ASSERT_TRUE(AwaitRest());
     EXPECT_TRUE(told.isEmpty()) << "who cancels needn't be told so";
@@ -87,12 +91,8 @@ TEST_F(MessagesView, ACancelledReadingKeepsWhatWasRead) {
     EXPECT_TRUE(Command("readMessages").isEnabled());
 }
 
-TEST_F(MessagesView, ClosingDuringAReadingEndsItAndThenTheProgram) {
-    Open();
-    user.answers = {Answer::Yes};
-    handset.ForgetCommands();
-    Command("readMessages").trigger();
-    ASSERT_TRUE(Await([&] { return handset.Count("AT+CMGR=5") == 1; }));
+TEST_F(Reading, ClosingDuringAReadingEndsItAndThenTheProgram) {
+    Begin();
     Close();
     EXPECT_EQ(handset.Count("AT+CMGR=25"), 0u) << "the rest isn't read";
     EXPECT_EQ(handset.Count("AT+CPMS=\"SM\", \"SM\", \"SM\""), 2u) << "the selection is restored";

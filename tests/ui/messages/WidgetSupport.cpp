@@ -1,12 +1,8 @@
 #include "ui/messages/WidgetSupport.h"
 
 #include <QBrush>
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEvent>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QTimer>
 
 #include <fmt/format.h>
 
@@ -51,18 +47,6 @@ std::string Describe(const QTextDocument& document) {
         flush();
     }
     return lines;
-}
-
-bool Await(const std::function<bool()>& condition) {
-    constexpr int limit = 10'000;
-    QTimer look;
-    look.start(10);
-    for (const QDeadlineTimer deadline(limit); !condition();) {
-        if (deadline.hasExpired()) return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    return true;
 }
 
 }  // namespace tarnbridge::test

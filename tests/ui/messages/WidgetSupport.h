@@ -6,6 +6,7 @@
 
 #include "messaging/EditorSupport.h"
 #include "messaging/ems/EmsSupport.h"
+#include "ui/Await.h"
 
 class QTextDocument;
 
@@ -17,8 +18,5 @@ MessageObject DotPicture();
 /// The document as the user sees it: each stretch of one look with its attributes, each line with its
 /// alignment.
 std::string Describe(const QTextDocument& document);
-
-/// Runs the event loop until the condition holds; false after ten seconds.
-bool Await(const std::function<bool()>& condition);
 
 }  // namespace tarnbridge::test
