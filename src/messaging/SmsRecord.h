@@ -142,7 +142,12 @@ public:
     /// One PDU, by messageType and status, into the selected memory (`+CMGW`); gives its location.
     int WritePdu(HandsetLink& link, int& error);
 
-    std::vector<int> handsetIndices;  ///< places on the handset, in part order
+    std::vector<int> handsetIndices;  ///< places on the handset, in part order, exact doubles of a part last
+    /// The PDU of each of these places in hexadecimal, as it was read or written; empty where it isn't known.
+    std::vector<std::string> handsetPdus;
+    /// Set for a place of the handset whose content can't be decoded: the text that was found there. Such a
+    /// record is no message: it is shown with that text, and is never joined, copied, moved or sent.
+    std::optional<std::string> unreadable;
     std::vector<int> leftBehind;      ///< of the operation that was carried out last
     bool answered = false;            ///< of the last Read
     std::string text8;                ///< local 8-bit text, while dcs isn't 8
