@@ -13,12 +13,6 @@ namespace {
 
 class Host final : public LineReaderHost {
 public:
-    int Refill(std::span<char> buffer) override {
-        const size_t count = std::min({buffer.size(), rest.size(), pieceSize});
-        std::copy_n(rest.begin(), count, buffer.begin());
-        rest.remove_prefix(count);
-        return static_cast<int>(count);
-    }
     void OnPrompt() override {}
     void OnCommandEnd() override {
         ATResult result;
@@ -36,7 +30,6 @@ public:
 
     LineReader* reader = nullptr;
     std::string_view rest;
-    size_t pieceSize = 1;
 };
 
 }  // namespace
@@ -49,14 +42,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Host host;
     LineReader reader(host, ParseStop{abortParse, cancel});
     host.reader = &reader;
-    host.pieceSize = data[1] + 1u;
+    const size_t pieceSize = data[1] + 1u;
     host.rest = {reinterpret_cast<const char*>(data) + 2, size - 2};
     reader.SetUrcCallback([](const ATResult&) {});
-    reader.SetExpectedPrefix(prefixes[data[0] & 3]);
+    ATResult expected;
+    expected.prefix = prefixes[data[0] & 3];
+    expected.needsLine = (data[0] & 16) != 0;
+    expected.allLines = (data[0] & 32) != 0;
+    reader.SetExpected(expected);
     reader.SetExpectPduLine((data[0] & 4) != 0);
     reader.SetAwaitPrompt((data[0] & 8) != 0);
     while (!host.rest.empty()) {
-        const std::string piece(host.rest.substr(0, host.pieceSize));
+        const std::string piece(host.rest.substr(0, pieceSize));
         host.rest.remove_prefix(piece.size());
         reader.Feed(piece);
     }

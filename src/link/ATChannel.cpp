@@ -1,11 +1,15 @@
 #include "link/ATChannel.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "link/SerialPort.h"
 
 namespace tarnbridge {
 namespace {
+
+constexpr Milliseconds hurriedTime{2000};
 
 Milliseconds WaitTime(Milliseconds timeout) {
     return timeout == Milliseconds::zero() ? forever : timeout;
@@ -60,9 +64,33 @@ void ATChannel::SetLineFilter(LineFilter filter) {
 
 void ATChannel::Cancel() {
     const auto port = Port();
-    if (!port) return;
-    port->CancelEvent().Set();
-    port->AbortEvent().Set();
+    if (port) port->BreakOff();
+}
+
+void ATChannel::SetHurried(bool hurried) {
+    if (hurried)
+        hurry_.Set();
+    else
+        hurry_.Reset();
+}
+
+bool ATChannel::HasHungUp() const {
+    const auto port = Port();
+    return port && port->HungUp();
+}
+
+bool ATChannel::AwaitQuiet(Milliseconds quiet, Milliseconds limit) {
+    const auto port = Port();
+    return port && port->AwaitQuiet(quiet, limit);
+}
+
+/// As Clock::WaitAny, but no longer than a hurried wait from the moment on at which the user is in a hurry.
+int ATChannel::AwaitAny(std::span<Event* const> events, Milliseconds timeout) {
+    std::vector<Event*> all(events.begin(), events.end());
+    all.push_back(&hurry_);
+    const int index = clock_.WaitAny(all, timeout);
+    if (index < static_cast<int>(events.size())) return index;
+    return clock_.WaitAny(events, std::min(timeout, hurriedTime));
 }
 
 bool ATChannel::SendRaw(std::string_view bytes) {
@@ -76,8 +104,7 @@ bool ATChannel::SendRaw(std::string_view bytes) {
 /// Result ready and the prompt are reset after the flush, when the read thread has nothing left of the last
 /// command, so that a late reply is never taken for the answer to this one.
 void ATChannel::Begin(LinkPort& port, std::string_view text, bool awaitPrompt, bool pduFollows,
-                      ATResult& result) {
-    result.lines.clear();
+                      const ATResult& result) {
     port.FlushDoneEvent().Reset();
     // A two-stage command that failed leaves its command active, and late results for it hold the read
     // thread. That thread may have asked for the last time already, so it is let through once; the flush
@@ -87,10 +114,10 @@ void ATChannel::Begin(LinkPort& port, std::string_view text, bool awaitPrompt, b
     port.Flush();
     port.ResultReadyEvent().Reset();
     port.PromptEvent().Reset();
-    port.BrokenOffEvent().Reset();
+    port.ForgetBreak();
     port.CommandActiveEvent().Set();
     port.SetAwaitPrompt(awaitPrompt);
-    port.SetExpectedPrefix(result.prefix);
+    port.SetExpected(result);
     port.SetExpectPduLine(pduFollows);
     port.SetLastCommand(text);
 }
@@ -102,25 +129,52 @@ void ATChannel::TakeResult(LinkPort& port, ATResult& result) {
     port.ResultTakenEvent().Set();
 }
 
+bool ATChannel::GiveUp(LinkPort& port, ATResult::Status status, ATResult& result) {
+    result.status = status;
+    port.CommandActiveEvent().Reset();
+    port.ResultTakenEvent().Set();
+    port.Cancel();
+    return false;
+}
+
 bool ATChannel::Exec(std::string_view text, Milliseconds timeout, bool pduFollows, ATResult& result) {
+    result.lines.clear();
+    result.status = ATResult::NotSent;
     const auto port = Port();
     if (!port) return false;
     Begin(*port, text, false, pduFollows, result);
-    const auto giveUp = [&](ATResult::Status status) {
-        result.status = status;
-        port->CommandActiveEvent().Reset();
-        port->ResultTakenEvent().Set();
-        port->CancelEvent().Set();
-        return false;
-    };
-    if (!port->Write(text)) return giveUp(ATResult::NotSent);
-    if (!clock_.Wait(port->ResultReadyEvent(), WaitTime(timeout))) return giveUp(ATResult::NoResult);
+    if (!port->Write(text)) return GiveUp(*port, ATResult::NotSent, result);
+    Event* const answer[] = {&port->ResultReadyEvent()};
+    if (AwaitAny(answer, WaitTime(timeout)) != 0) return GiveUp(*port, ATResult::NoResult, result);
+    TakeResult(*port, result);
+    return !result.lines.empty() && !result.lines.back().empty();
+}
+
+bool ATChannel::ExecWhileAlive(std::string_view text, Milliseconds patience, Milliseconds limit,
+                               ATResult& result) {
+    result.lines.clear();
+    result.status = ATResult::NotSent;
+    const auto port = Port();
+    if (!port) return false;
+    Begin(*port, text, false, false, result);
+    port->ArrivedEvent().Reset();
+    if (!port->Write(text)) return GiveUp(*port, ATResult::NotSent, result);
+    const Milliseconds deadline = clock_.Now() + limit;
+    Event* const events[] = {&port->ResultReadyEvent(), &port->ArrivedEvent()};
+    for (;;) {
+        const Milliseconds left = deadline - clock_.Now();
+        const int signalled = left.count() > 0 ? clock_.WaitAny(events, std::min(patience, left)) : -1;
+        if (signalled < 0) return GiveUp(*port, ATResult::NoResult, result);
+        if (signalled == 0) break;
+    }
     TakeResult(*port, result);
     return !result.lines.empty() && !result.lines.back().empty();
 }
 
 bool ATChannel::ExecTwoStage(std::string_view text, std::string_view body, Milliseconds timeout,
                              bool pduFollows, ATResult& result) {
+    result.lines.clear();
+    result.status = ATResult::NotSent;
     const auto port = Port();
     if (!port) return false;
     Begin(*port, text, true, pduFollows, result);
@@ -135,11 +189,10 @@ bool ATChannel::ExecTwoStage(std::string_view text, std::string_view body, Milli
         return giveUp(ATResult::NotSent);
     }
     Event* const answers[] = {&port->PromptEvent(), &port->BrokenOffEvent()};
-    if (clock_.WaitAny(answers, WaitTime(timeout)) != 0) return giveUp(ATResult::NoResult);
-    if (!port->Write(body)) {
-        port->SetAwaitPrompt(false);
-        return giveUp(ATResult::NotSent);
-    }
+    if (AwaitAny(answers, WaitTime(timeout)) != 0) return giveUp(ATResult::NoResult);
+    port->SetAwaitPrompt(false);
+    if (!port->Write(body)) return giveUp(ATResult::NotSent);
+    // No hurry here: what was sent may be under way through the network, and is to be known.
     if (!clock_.Wait(port->ResultReadyEvent(), WaitTime(timeout))) return giveUp(ATResult::NoResult);
     TakeResult(*port, result);
     return !port->BrokenOffEvent().IsSet();

@@ -79,6 +79,7 @@ int32_t ATResult::ErrorNumber() const {
 void ATResult::Clear() {
     prefix.clear();
     lines.clear();
+    needsLine = allLines = false;
 }
 
 }  // namespace tarnbridge

@@ -40,11 +40,17 @@ struct ATResult {
     enum Status : int32_t {
         Final = 0,     ///< a final result came
         NoResult = 1,  ///< none came in time, or the wait was broken off
-        NotSent = 2    ///< the command couldn't be written
+        NotSent = 2    ///< the command wasn't sent, or not wholly
     };
 
-    std::string prefix;  ///< the awaited prefix without its colon, such as `+CMGR`; empty for none
+    // Set before the exchange.
+    std::string prefix;      ///< the awaited prefix without its colon, such as `+CMGR`; empty for none
+    bool needsLine = false;  ///< a final result before the first line of that prefix is passed over
+    bool allLines = false;   ///< lines without that prefix are kept too, each as one text
+
+    // Given by it.
     int32_t status = Final;
+    int32_t passedOver = 0;  ///< final results
     std::vector<ATLine>
         lines;  ///< the lines of the awaited prefix in their order; the final result is the last
 
@@ -68,7 +74,7 @@ struct ATResult {
     /// clause 9.2, 27.005 clause 3.2.5), otherwise -1.
     int32_t ErrorNumber() const;
 
-    /// Empties `prefix` and `lines`; `status` is left alone.
+    /// Empties `prefix` and `lines`, and clears the two flags; `status` is left alone.
     void Clear();
 
 private:

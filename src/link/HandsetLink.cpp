@@ -14,7 +14,10 @@ constexpr size_t longestFileCommand = 8224;  // a block of 4,096 bytes in hex di
 constexpr uint32_t channelModeTimeout = 1000;
 constexpr uint32_t secondsToMs = 1000;
 
-enum : int32_t { fileChannel = 3, normalChannel = 4 };
+void NoteNotSent(ATResult& result) {
+    result.lines.clear();
+    result.status = ATResult::NotSent;
+}
 
 }  // namespace
 
@@ -27,26 +30,27 @@ HandsetLink::~HandsetLink() {
 }
 
 bool HandsetLink::ExecCommand(std::string_view text, uint32_t timeoutMs, bool pduFollows, ATResult& result) {
+    NoteNotSent(result);
     if (text.size() > longestCommand) return false;
     const std::lock_guard guard(lock);
-    if (!EnsureSession()) return false;
-    const bool answered = channel_.Exec(text, Milliseconds(timeoutMs), pduFollows, result);
-    if (!answered && result.status == ATResult::NoResult) Trace(fmt::format("[time out]{}\n", text));
-    return answered;
+    return EnsureSession() && SendRawCommand(text, timeoutMs, result, pduFollows);
 }
 
 /// One exchange of the kind that counts only "OK"; the caller looks at the result.
 bool HandsetLink::ExecLocked(std::string_view text, uint32_t timeoutMs, bool fileMode, bool ensureSession,
                              ATResult& result) {
+    NoteNotSent(result);
     const std::lock_guard guard(lock);
-    result.lines.clear();
     if (ensureSession && !EnsureSession()) return false;
-    SetChannelMode(fileMode);
-    return SendRawCommand(text, timeoutMs, result);
+    return EnterMode(fileMode) && SendRawCommand(text, timeoutMs, result);
 }
 
-bool HandsetLink::SendRawCommand(std::string_view text, uint32_t timeoutMs, ATResult& result) {
-    const bool answered = channel_.Exec(text, Milliseconds(timeoutMs), false, result);
+bool HandsetLink::SendRawCommand(std::string_view text, uint32_t timeoutMs, ATResult& result,
+                                 bool pduFollows) {
+    NoteNotSent(result);
+    if (!sleeps_ && !GetInStep()) return false;
+    const bool answered = channel_.Exec(text, Milliseconds(timeoutMs), pduFollows, result);
+    if (!answered) outOfStep_ = true;
     if (!answered && result.status == ATResult::NoResult) Trace(fmt::format("[time out]{}\n", text));
     return answered;
 }
@@ -65,12 +69,15 @@ bool HandsetLink::ExecExpect(std::string_view text, uint32_t timeoutMs, const ch
 
 bool HandsetLink::ExecTwoStage(std::string_view text, std::string_view body, uint32_t timeoutSeconds,
                                ATResult& result) {
+    NoteNotSent(result);
     {
         const std::lock_guard guard(lock);
-        result.lines.clear();
-        if (EnsureSession()) {
-            SetChannelMode(false);
-            channel_.ExecTwoStage(text, body, Milliseconds(timeoutSeconds * secondsToMs), false, result);
+        if (EnsureSession() && EnterMode(false) && GetInStep()) {
+            const Milliseconds timeout(timeoutSeconds * secondsToMs);
+            if (!channel_.ExecTwoStage(text, body, timeout, false, result)) {
+                outOfStep_ = true;
+                mayAwaitBody_ = true;
+            }
         }
     }
     if (result.lines.empty()) {
@@ -84,6 +91,7 @@ bool HandsetLink::ExecTwoStage(std::string_view text, std::string_view body, uin
 }
 
 bool HandsetLink::ExecFile(std::string_view text, uint32_t timeoutSeconds, ATResult& result) {
+    NoteNotSent(result);
     if (text.empty() || text.size() > longestFileCommand) return false;
     return ExecLocked(text, timeoutSeconds * secondsToMs, true, true, result) && result.IsOk();
 }
@@ -103,7 +111,7 @@ bool HandsetLink::QueryChannelMode() {
     const std::lock_guard guard(lock);
     ATResult result;
     result.prefix = "+ESUO";
-    SendRawCommand("AT+ESUO?\r", channelModeTimeout, result);
+    SendRawCommand("AT+ESUO?\r", Patience(channelModeTimeout), result);
     if (!result.HasPrefix("+ESUO")) return false;
     channelMode = result.GetNumber(0, 1);
     return true;
@@ -115,9 +123,15 @@ bool HandsetLink::SetChannelMode(bool fileMode) {
     const int32_t wanted = fileMode ? fileChannel : normalChannel;
     if (channelMode == wanted) return true;
     ATResult ignored;
-    SendRawCommand(fmt::format("AT+ESUO={}\r", wanted), channelModeTimeout, ignored);
-    channelMode = wanted;  // whatever the handset said
+    const std::string text = fmt::format("AT+ESUO={}\r", wanted);
+    if (SendRawCommand(text, Patience(channelModeTimeout), ignored)) channelMode = wanted;  // whatever it was
     return true;
+}
+
+/// SetChannelMode for a command that is to follow: false if the handset has modes and didn't answer, so that
+/// the command would meet the wrong one.
+bool HandsetLink::EnterMode(bool fileMode) {
+    return !SetChannelMode(fileMode) || channelMode == (fileMode ? fileChannel : normalChannel);
 }
 
 void HandsetLink::StartStallWatch() {
@@ -137,6 +151,7 @@ int HandsetLink::OnStall() {
 void HandsetLink::StopTransfer(bool breakWait) {
     if (breakWait) channel_.Cancel();
     channel_.SendRaw("AT+EFSR\r");
+    outOfStep_ = true;  // nobody waits for its answer
     transferAborted = true;
 }
 

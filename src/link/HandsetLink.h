@@ -22,9 +22,14 @@ namespace tarnbridge {
 /// Every operation may be called from any thread; it blocks for the whole exchange and shows nothing. All
 /// command texts end with their own CR, which the caller supplies. A time-out of 0 waits without limit.
 ///
-/// A session is made by the first operation that needs one (EnsureSession) and stands until a Ping fails or
-/// Disconnect is called. In it the handset stands in PDU mode, without echo, awake, in the character set
-/// "UCS2".
+/// A session is made by the first operation that needs one (EnsureSession) and stands until a Ping fails, the
+/// link can't be brought in step, or Disconnect is called. In it the handset stands in PDU mode, without
+/// echo, awake, in the character set "UCS2".
+///
+/// An exchange that ends without its final result leaves the link out of step: the answer may still come. No
+/// other command goes out before a probe has shown that what comes next is the answer to what is sent next;
+/// when none of three probes is answered the session is over, and the operation that was to begin fails with
+/// nothing sent.
 class HandsetLink {
 public:
     /// Time-out of ordinary commands. Operations read it and pass it on. Set it before the link is used.
@@ -45,7 +50,7 @@ public:
     SerialOpenFailure OpenFailure();
 
     /// Hands the handset back, with echo on and, if `allowSleep`, with sleep allowed, and closes the port.
-    /// Without a session nothing is sent.
+    /// Without a session nothing is sent. Ends a hurry.
     void Disconnect(bool allowSleep);
 
     /// Whether a session stands or could be made now. With a dead handset this takes a few seconds at most.
@@ -57,6 +62,17 @@ public:
     bool IsPortOpen() const { return portOpen; }
     bool IsSessionReady() const { return sessionReady; }
 
+    /// How many sessions have been made: tells one from another.
+    unsigned SessionNumber() const { return sessionNumber_; }
+
+    /// Whether the port is open and the handset has gone from its far end.
+    bool HasHungUp() const { return channel_.HasHungUp(); }
+
+    /// While on, the user waits for the end: no wait for an answer lasts longer than two seconds, but that
+    /// for the result of a body which was sent, no handset is woken up, and one probe decides whether the
+    /// link is in step. From any thread, without a lock.
+    void SetHurried(bool hurried) { channel_.SetHurried(hurried); }
+
     /// The handset's channel mode (`+ESUO`) as last known: 3 for files, 4 for all else; other values mean
     /// that it has no such modes.
     int32_t ChannelMode();
@@ -65,6 +81,9 @@ public:
     HandsetFeatures Features();
 
     // The exchanges.
+
+    // Where nothing is sent, for want of a session or for its length, `result` has no lines and the status
+    // NotSent.
 
     /// Ensures the session and sends a command of at most 4,096 bytes. True when some final result came, an
     /// error among them; which one it was is the caller's to check.
@@ -141,13 +160,23 @@ public:
     std::unique_lock<std::recursive_mutex> Lock() { return std::unique_lock(lock); }
 
 private:
-    bool SendRawCommand(std::string_view text, uint32_t timeoutMs, ATResult& result);
+    /// Values of channelMode for a handset that has the modes.
+    enum : int32_t { fileChannel = 3, normalChannel = 4 };
+
+    bool SendRawCommand(std::string_view text, uint32_t timeoutMs, ATResult& result, bool pduFollows = false);
     bool ExecLocked(std::string_view text, uint32_t timeoutMs, bool fileMode, bool ensureSession,
                     ATResult& result);
+    bool EnterMode(bool fileMode);
+    bool GetInStep();
+    bool Probe(int32_t& passedOver);
     bool Handshake();
+    void CallAttention();
     bool WakeUp();
+    bool SetUp();
+    bool Step(const std::function<void()>& ask);
+    uint32_t Patience(uint32_t timeoutMs) const;
     void ProbeMessageStore();
-    void LearnFeatures();
+    bool LearnFeatures();
     bool FilterLine(const ATLine& line);
     int OnStall();
     void EndSession();
@@ -161,7 +190,14 @@ private:
     ATChannel channel_;
     std::atomic<bool> portOpen{false};
     std::atomic<bool> sessionReady{false};
+    std::atomic<unsigned> sessionNumber_{0};
     int32_t channelMode = 0;
+    // The handset may still say something that answers an earlier command. StopTransfer sets it without lock.
+    std::atomic<bool> outOfStep_{false};
+    bool mayAwaitBody_ = false;  // the handset may take what is sent for the body of a message
+    bool sleeps_ = false;        // it may sleep: what it doesn't answer means nothing
+    size_t nextProbe_ = 0;
+    Milliseconds roundTrip_{0};  // of the last probe
     HandsetFeatures features_;
     SessionState state_;
     std::mutex listingMutex_;  // the callback alone

@@ -16,6 +16,19 @@ constexpr Milliseconds longestWakeUp{200};
 constexpr int wakeUpTries = 60;
 constexpr Milliseconds settleTime{100};
 constexpr uint32_t featureTimeout = 5000;
+constexpr uint32_t slowStepTimeout = 1000;
+constexpr Milliseconds quietTime{300};
+constexpr Milliseconds probePatience{1000};
+constexpr int probeTries = 3;
+constexpr std::string_view escape = "\x1B";
+
+/// Queries with a line of their own, which nothing else in the link asks for (3GPP TS 27.005 clause 3.2.3,
+/// 27.007 clauses 5.5 and 9.1). They take turns, so that a late answer to one isn't taken for the next.
+struct ProbeQuery {
+    std::string_view text;
+    const char* prefix;
+};
+constexpr ProbeQuery probes[] = {{"AT+CMGF?\r", "+CMGF"}, {"AT+CSCS?\r", "+CSCS"}, {"AT+CMEE?\r", "+CMEE"}};
 constexpr int32_t smallestChunk = 64;
 constexpr int32_t largestChunk = 4096;
 
@@ -58,51 +71,106 @@ HandsetFeatures HandsetLink::Features() {
 bool HandsetLink::EnsureSession() {
     const std::lock_guard guard(lock);
     if (!portOpen) return false;
+    if (channel_.HasHungUp()) {
+        EndSession();
+        return false;
+    }
     if (sessionReady) return true;
-    sessionReady = Handshake();
-    if (!sessionReady) EndSession();
-    return sessionReady;
+    const bool made = Handshake();
+    sleeps_ = false;
+    if (made) {
+        ++sessionNumber_;
+        sessionReady = true;
+    } else {
+        EndSession();
+    }
+    return made;
+}
+
+/// After an exchange without its final result: throws away what still comes, until a probe gets its own
+/// answer. Under the lock.
+bool HandsetLink::GetInStep() {
+    if (!outOfStep_) return true;
+    const int tries = channel_.IsHurried() ? 1 : probeTries;
+    for (int i = 0; i < tries && !channel_.HasHungUp(); ++i) {
+        // 3GPP TS 27.005 clause 3.5.1: it ends a body without sending it.
+        if (mayAwaitBody_) channel_.SendRaw(escape);
+        channel_.AwaitQuiet(quietTime, Milliseconds(commandTimeout));
+        outOfStep_ = false;
+        int32_t ignored = 0;
+        if (Probe(ignored)) {
+            mayAwaitBody_ = false;
+            return true;
+        }
+        outOfStep_ = true;
+    }
+    EndSession();
+    return false;
+}
+
+/// Whether a query got its own line; final results that were still under way are passed over and counted.
+bool HandsetLink::Probe(int32_t& passedOver) {
+    const ProbeQuery& query = probes[nextProbe_];
+    nextProbe_ = (nextProbe_ + 1) % std::size(probes);
+    ATResult result;
+    result.prefix = query.prefix;
+    result.needsLine = true;
+    const Milliseconds start = clock_.Now();
+    const Milliseconds limit(commandTimeout);
+    if (!channel_.ExecWhileAlive(query.text, std::min(probePatience, limit), limit, result)) return false;
+    roundTrip_ = clock_.Now() - start;
+    passedOver = result.passedOver;
+    return true;
+}
+
+/// The time-out of a step: a handset behind a slow link gets more.
+uint32_t HandsetLink::Patience(uint32_t timeoutMs) const {
+    const bool slow = roundTrip_ > Milliseconds(timeoutMs / 4);
+    return slow ? std::max(timeoutMs, slowStepTimeout) : timeoutMs;
 }
 
 /// Nothing in here may call an operation that ensures the session.
 bool HandsetLink::Handshake() {
-    ATResult result;
+    roundTrip_ = Milliseconds::zero();
+    CallAttention();
+    if (!WakeUp()) return false;
+
+    // What the handset did not answer while it slept may be answered now, or never.
+    sleeps_ = false;
+    int32_t late = 0;
+    if (!outOfStep_ && (!Probe(late) || late > 0)) outOfStep_ = true;
+    if (!GetInStep()) return false;
+    mayAwaitBody_ = false;
+
+    // An answer that came twice, or later than its step waited, makes each one after it that of its
+    // neighbour. The probe behind the steps sees that there was one too many: then nothing was learnt.
+    for (int i = 0; i < 2; ++i) {
+        if (!SetUp()) return false;
+        int32_t tooMany = 0;
+        const bool inStep = GetInStep() && Probe(tooMany);
+        if (inStep && tooMany == 0) return true;
+        outOfStep_ = true;
+    }
+    return false;
+}
+
+/// What can be said to a handset that may be asleep, or in the middle of what a former run left open.
+void HandsetLink::CallAttention() {
+    sleeps_ = true;
+    outOfStep_ = false;
+    mayAwaitBody_ = true;
+    channel_.SendRaw(escape);
     channelMode = 0;
     QueryChannelMode();
     SetChannelMode(true);
     // A former run of the program may have left a file transfer open.
-    SendRawCommand("AT+EFSR\r", wakeUpTimeout, result);
+    ATResult ignored;
+    SendRawCommand("AT+EFSR\r", wakeUpTimeout, ignored);
     SetChannelMode(false);
-
-    if (!WakeUp()) return false;
-
-    // A handset that slept may not have answered the first time.
-    if (!SetChannelMode(true)) {
-        QueryChannelMode();
-        SetChannelMode(true);
-    }
-    result.Clear();
-    SendRawCommand("AT+EFSR\r", commandTimeout, result);
-    SetChannelMode(false);
-    clock_.Sleep(settleTime);
-
-    result.Clear();
-    if (!SendRawCommand("ATE0\r", commandTimeout, result)) return false;
-    result.Clear();
-    result.prefix = "+CMGF";
-    if (!SendRawCommand("AT+CMGF=0\r", commandTimeout, result) || !FirstFieldIs(result, "OK")) return false;
-
-    ForgetSelections();
-    features_ = HandsetFeatures();
-    features_.hasPackedUcs2 = SelectCharset(u"UCS2_0x81");
-    if (!SelectCharset(u"UCS2")) return false;
-    LearnFeatures();
-    ForgetSelections();
-    return true;
 }
 
 bool HandsetLink::WakeUp() {
-    for (int i = 0; i < wakeUpTries; ++i) {
+    for (int i = 0; i < wakeUpTries && !channel_.IsHurried() && !channel_.HasHungUp(); ++i) {
         const Milliseconds start = clock_.Now();
         ATResult result;
         if (SendRawCommand("AT+ESLP=0\r", wakeUpTimeout, result) && FirstFieldIs(result, "OK")) return true;
@@ -111,27 +179,79 @@ bool HandsetLink::WakeUp() {
     return false;
 }
 
-void HandsetLink::LearnFeatures() {
-    features_.maxChunk = QueryChunkSize();
+/// Carries out a step whose answer matters, and once more if it had none. False if it had none then either.
+bool HandsetLink::Step(const std::function<void()>& ask) {
+    for (int i = 0; i < 2; ++i) {
+        if (!GetInStep()) return false;
+        ask();
+        if (!outOfStep_) return true;
+    }
+    return false;
+}
 
-    SetChannelMode(true);
+bool HandsetLink::SetUp() {
     ATResult result;
-    features_.hasEfsCheck =
-        SendRawCommand("AT+EFSC=?\r", featureTimeout, result) && FirstFieldIs(result, "OK");
+    // What the handset was told before it was known to listen is told again.
+    if (channelMode == fileChannel) channelMode = normalChannel;
+    // A handset that slept may not have answered the first time.
+    const bool known = SetChannelMode(true);
+    if (!known && !Step([&] {
+            QueryChannelMode();
+            SetChannelMode(true);
+        }))
+        return false;
+    const bool transferEnded = Step([&] {
+        result.Clear();
+        if (EnterMode(true)) SendRawCommand("AT+EFSR\r", commandTimeout, result);
+    });
+    if (!transferEnded || !Step([&] { SetChannelMode(false); })) return false;
+    clock_.Sleep(settleTime);
 
-    ProbeMessageStore();
+    if (!Step([&] {
+            result.Clear();
+            SendRawCommand("ATE0\r", commandTimeout, result);
+        }))
+        return false;
+    const bool asked = Step([&] {
+        result.Clear();
+        result.prefix = "+CMGF";
+        SendRawCommand("AT+CMGF=0\r", commandTimeout, result);
+    });
+    if (!asked || !FirstFieldIs(result, "OK")) return false;
 
-    result.Clear();
-    features_.hasVCard = ExecCheckOk("AT+EVCARD=?\r", commandTimeout, result, false);
+    ForgetSelections();
+    features_ = HandsetFeatures();
+    if (!Step([&] { features_.hasPackedUcs2 = SelectCharset(u"UCS2_0x81"); })) return false;
+    bool selected = false;
+    if (!Step([&] { selected = SelectCharset(u"UCS2"); }) || !selected) return false;
+    if (!LearnFeatures()) return false;
+    ForgetSelections();
+    return true;
+}
 
+/// False if the handset didn't answer; what it hasn't got is learnt, too.
+bool HandsetLink::LearnFeatures() {
+    ATResult result;
     std::vector<std::string> memories;
-    ListMessageMemories(memories);
+    const bool answered = Step([&] { features_.maxChunk = QueryChunkSize(); }) && Step([&] {
+                              result.Clear();
+                              features_.hasEfsCheck = EnterMode(true) &&
+                                                      SendRawCommand("AT+EFSC=?\r", featureTimeout, result) &&
+                                                      FirstFieldIs(result, "OK");
+                          }) &&
+                          Step([&] { ProbeMessageStore(); }) && Step([&] {
+                              result.Clear();
+                              features_.hasVCard =
+                                  ExecCheckOk("AT+EVCARD=?\r", commandTimeout, result, false);
+                          }) &&
+                          Step([&] { ListMessageMemories(memories); });
     const auto has = [&](std::string_view name) {
         return std::any_of(memories.begin(), memories.end(),
                            [&](const std::string& memory) { return EqualIgnoringCase(memory, name); });
     };
     features_.hasMeStore = has("ME");
     features_.hasSimMemory = has("SM");
+    return answered;
 }
 
 /// The answer is the range of states in which messages can be stored, or the highest of them alone.
@@ -149,10 +269,9 @@ void HandsetLink::ProbeMessageStore() {
 
 int32_t HandsetLink::QueryChunkSize() {
     const std::lock_guard guard(lock);
-    SetChannelMode(true);
     ATResult result;
     result.prefix = "+EFSW";
-    if (!SendRawCommand("AT+EFSW?\r", featureTimeout, result)) return smallestChunk;
+    if (!EnterMode(true) || !SendRawCommand("AT+EFSW?\r", featureTimeout, result)) return smallestChunk;
     if (result.lines[0].size() != 2) return smallestChunk;
     return std::clamp(result.GetNumber(0, 1), smallestChunk, largestChunk);
 }
@@ -201,7 +320,9 @@ void HandsetLink::Disconnect(bool allowSleep) {
     channel_.Close();
     EndSession();
     portOpen = false;
-    SetChannelMode(false);
+    if (channelMode == fileChannel) channelMode = normalChannel;
+    outOfStep_ = false;
+    channel_.SetHurried(false);
 }
 
 bool HandsetLink::Ping() {

@@ -1,6 +1,7 @@
 #include "link/LineReader.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnbridge {
 namespace {
@@ -21,6 +22,10 @@ bool CarriesMessage(std::string_view word) {
     return word == "+CMT" || word == "+CBM" || word == "+CDS";
 }
 
+bool IsHexadecimal(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789ABCDEFabcdef") == std::string_view::npos;
+}
+
 bool IsUnsolicitedWord(std::string_view word) {
     static constexpr std::string_view words[] = {"RING",  "NO CARRIER", "+CMTI",  "+CBMI",  "+CDSI",
                                                  "+CLIP", "+EADC",      "+GPIOS", "+EKPDS", "+BATS"};
@@ -33,9 +38,12 @@ LineReader::LineReader(LineReaderHost& host, const ParseStop& stop) : host_(host
     lineBuffer.reserve(longestLine);
 }
 
-void LineReader::SetExpectedPrefix(std::string prefix) {
+void LineReader::SetExpected(const ATResult& result) {
     const std::lock_guard guard(leaf_);
-    collecting.prefix = std::move(prefix);
+    collecting.prefix = result.prefix;
+    collecting.needsLine = result.needsLine;
+    collecting.allLines = result.allLines;
+    collecting.passedOver = 0;
 }
 
 void LineReader::SetLineFilter(LineFilter filter) {
@@ -52,6 +60,7 @@ void LineReader::FetchResult(ATResult& result) {
     const std::lock_guard guard(leaf_);
     result.prefix = collecting.prefix;
     result.status = collecting.status;
+    result.passedOver = collecting.passedOver;
     result.lines = std::move(collecting.lines);
     collecting.lines.clear();
 }
@@ -64,7 +73,10 @@ void LineReader::BreakOff(ATResult::Status status) {
 void LineReader::Reset() {
     state_ = FrameState::CarriageReturn;
     lineBuffer.clear();
+    header_.reset();
+    strangeLine_.clear();
     awaitPrompt = false;
+    promptSign_ = false;
     const std::lock_guard guard(leaf_);
     collecting.Clear();
 }
@@ -72,7 +84,7 @@ void LineReader::Reset() {
 void LineReader::Feed(std::span<const char> bytes) {
     pending_ = bytes;
     while (!pending_.empty() && !stop_.cancel.IsSet()) {
-        if (state_ == FrameState::Line && !awaitPrompt) TakeRun();
+        if ((state_ == FrameState::Line && !awaitPrompt) || state_ == FrameState::RawLine) TakeRun();
         if (pending_.empty()) break;
         const char byte = pending_.front();
         pending_ = pending_.subspan(1);
@@ -97,6 +109,7 @@ void LineReader::FeedByte(char byte) {
         case FrameState::LineFeed:
             if (byte != lineFeed) break;
             lineBuffer.clear();
+            promptSign_ = false;
             state_ = FrameState::Line;
             break;
         case FrameState::Line:
@@ -113,43 +126,47 @@ void LineReader::FeedByte(char byte) {
             ParseLine();
             lineBuffer.clear();
             break;
-    }
-}
-
-/// The next byte of the stream, waited for if it hasn't come. False when none will come: the line in hand is
-/// lost.
-bool LineReader::NextByte(char& byte) {
-    if (pending_.empty()) {
-        const int count = host_.Refill(readBuffer);
-        if (count <= 0) {
-            state_ = FrameState::CarriageReturn;
+        case FrameState::RawLine:
+            if (byte == lineTerminator) state_ = FrameState::RawLineEnd;
+            break;
+        case FrameState::RawLineEnd:
+            if (byte != lineFeed) break;
+            state_ = FrameState::RawLine;
+            TakeRawLine();
             lineBuffer.clear();
-            return false;
-        }
-        pending_ = {readBuffer.data(), static_cast<size_t>(count)};
+            break;
     }
-    byte = pending_.front();
-    pending_ = pending_.subspan(1);
-    return true;
 }
 
+/// The sign and the blank after it; a sign with anything else behind it is dropped together with that.
 void LineReader::RecognisePrompt(char byte) {
-    char next = 0;
-    if (byte != '>' || !NextByte(next) || next != ' ') return;
+    const bool afterSign = std::exchange(promptSign_, byte == '>' && !promptSign_);
+    if (!afterSign || byte != ' ') return;
     awaitPrompt = false;
     state_ = FrameState::CarriageReturn;
     host_.OnPrompt();
 }
 
-/// False for a line that means nothing.
-bool LineReader::ParseLine() {
-    if (!TokenizeLine(lineBuffer, stop_, line_)) return false;
+void LineReader::TakeRawLine() {
+    if (lineBuffer.empty()) return;
+    if (IsHexadecimal(lineBuffer)) {
+        state_ = FrameState::CarriageReturn;
+        EndPduWait(lineBuffer);
+        return;
+    }
+    if (ParseLine() == LineUse::None && strangeLine_.empty()) strangeLine_ = lineBuffer;
+}
+
+LineReader::LineUse LineReader::ParseLine() {
+    if (!TokenizeLine(lineBuffer, stop_, line_)) return LineUse::None;
     const bool isWholeLine = !line_.hasColon && line_.fields.empty() && !line_.quoted;
 
     if (isWholeLine && IsFinalWord(line_.key)) {
         line_.fields.push_back(ATParam::Flat(line_.key, true));
         EndCommand();
-    } else if (IsErrorKey(line_.key) && (line_.hasColon || isWholeLine)) {
+        return LineUse::Final;
+    }
+    if (IsErrorKey(line_.key) && (line_.hasColon || isWholeLine)) {
         if (!line_.hasColon) line_.fields.push_back(ATParam::Flat(line_.key, true));
         ATParam number;
         number.type = ATParam::Number;
@@ -158,15 +175,32 @@ bool LineReader::ParseLine() {
         if (digits > 0) number = ATParam::Flat(std::string_view(line_.token).substr(0, digits), false);
         line_.fields.push_back(std::move(number));
         EndCommand();
-    } else if (IsUnsolicited()) {
-        HandleUnsolicited();
-    } else if (MatchesPrefix()) {
-        HandleResponseLine();
+        return LineUse::Final;
     }
-    return true;
+    if (IsUnsolicited()) {
+        HandleUnsolicited();
+        return LineUse::Unsolicited;
+    }
+    if (MatchesPrefix()) {
+        HandleResponseLine();
+        return LineUse::Response;
+    }
+    if (WantsAllLines()) Keep({ATParam::Flat(lineBuffer, true)});
+    return LineUse::None;
 }
 
 void LineReader::EndCommand() {
+    if (header_) {
+        state_ = FrameState::CarriageReturn;
+        EndPduWait(strangeLine_);
+    }
+    {
+        const std::lock_guard guard(leaf_);
+        if (collecting.needsLine && collecting.lines.empty()) {
+            ++collecting.passedOver;
+            return;
+        }
+    }
     collecting.status = ATResult::Final;
     collecting.lines.push_back(std::move(line_.fields));
     host_.OnCommandEnd();
@@ -203,36 +237,38 @@ bool LineReader::MatchesPrefix() const {
     return line_.key == collecting.prefix;
 }
 
+bool LineReader::WantsAllLines() const {
+    const std::lock_guard guard(leaf_);
+    return collecting.allLines;
+}
+
 void LineReader::HandleResponseLine() {
     ATLine fields = std::move(line_.fields);
     if (!line_.token.empty() || line_.emptyQuoted) fields.push_back(ATParam::Flat(line_.token, line_.quoted));
-    if (expectPduLine) {
-        if (!ReadPduLine()) return;
-        fields.push_back(ATParam::Flat(pduBuffer, true));
-        expectPduLine = false;
+    if (!expectPduLine) {
+        Keep(std::move(fields));
+        return;
     }
+    expectPduLine = false;
+    header_ = std::move(fields);
+    state_ = FrameState::RawLine;
+}
+
+/// The response line that waits for its PDU gets it, or what is known in its place.
+void LineReader::EndPduWait(std::string_view text) {
+    header_->push_back(ATParam::Flat(text, true));
+    Keep(*std::exchange(header_, std::nullopt));
+    strangeLine_.clear();
+}
+
+void LineReader::Keep(ATLine line) {
     LineFilter filter;
     {
         const std::lock_guard guard(leaf_);
         filter = lineFilter;
     }
-    if (filter && filter(fields)) return;
-    collecting.lines.push_back(std::move(fields));
-}
-
-/// Reads up to a CR and then an LF, however long that takes; between the two all else is dropped.
-bool LineReader::ReadPduLine() {
-    pduBuffer.clear();
-    char byte = 0;
-    for (;;) {
-        if (!NextByte(byte)) return false;
-        if (byte == lineTerminator) break;
-        if (pduBuffer.size() < longestLine) pduBuffer.push_back(byte);
-    }
-    do {
-        if (!NextByte(byte)) return false;
-    } while (byte != lineFeed);
-    return true;
+    if (filter && filter(line)) return;
+    collecting.lines.push_back(std::move(line));
 }
 
 }  // namespace tarnbridge

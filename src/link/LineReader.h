@@ -1,9 +1,9 @@
 #pragma once
 
-#include <array>
 #include <atomic>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,10 +22,6 @@ using UrcCallback = std::function<void(const ATResult&)>;
 /// What a line reader asks of its port. All calls come from within LineReader::Feed.
 class LineReaderHost {
 public:
-    /// Waits for more bytes and reads some of them into the buffer. Gives their number, or 0 when none will
-    /// come: the port is being closed or its far end has gone.
-    virtual int Refill(std::span<char> buffer) = 0;
-
     /// The handset asks for the body of a two-stage command.
     virtual void OnPrompt() = 0;
 
@@ -59,14 +55,16 @@ public:
     /// Takes bytes off the wire. Stops early, losing the rest, when `stop.cancel` is signalled.
     void Feed(std::span<const char> bytes);
 
-    /// Forgets the line in hand, what was collected, the awaited prefix, and the wait for a prompt.
+    /// Forgets the line in hand, what was collected, what was expected, and the wait for a prompt.
     void Reset();
 
-    /// The prefix of the response lines to keep, without colon; empty for none.
-    void SetExpectedPrefix(std::string prefix);
+    /// What of the response is kept: the prefix, `needsLine` and `allLines` of a result.
+    void SetExpected(const ATResult& result);
 
-    /// Whether the next line of the awaited response is followed by a raw line, which becomes its last field.
-    /// The flag goes off with that line.
+    /// Whether the next line of the awaited response is followed by a PDU, a line of hexadecimal digits. It
+    /// becomes the last field of that line. Any other line between the two is treated as usual, and the wait
+    /// goes on; when a final result ends it, the field is the first such line that meant nothing, or empty.
+    /// The flag goes off with the response line.
     void SetExpectPduLine(bool expect) { expectPduLine = expect; }
 
     /// Whether `"> "` is looked for, and lines aren't. The flag goes off with the prompt.
@@ -85,19 +83,25 @@ public:
     void DropLines() { collecting.lines.clear(); }
 
 private:
-    enum class FrameState { CarriageReturn, LineFeed, Line, LineEnd };
+    /// The last two are those of the line after a response line that a PDU follows: no CRLF stands before it.
+    enum class FrameState { CarriageReturn, LineFeed, Line, LineEnd, RawLine, RawLineEnd };
+
+    /// What a line was.
+    enum class LineUse { Final, Unsolicited, Response, None };
 
     void TakeRun();
     void FeedByte(char byte);
-    bool NextByte(char& byte);
     void RecognisePrompt(char byte);
-    bool ParseLine();
+    void TakeRawLine();
+    LineUse ParseLine();
     void EndCommand();
     void HandleUnsolicited();
     void HandleResponseLine();
-    bool ReadPduLine();
+    void Keep(ATLine line);
+    void EndPduWait(std::string_view text);
     bool IsUnsolicited() const;
     bool MatchesPrefix() const;
+    bool WantsAllLines() const;
 
     LineReaderHost& host_;
     const ParseStop stop_;
@@ -105,15 +109,14 @@ private:
     FrameState state_ = FrameState::CarriageReturn;
     std::atomic<bool> awaitPrompt{false};
     std::atomic<bool> expectPduLine{false};
+    bool promptSign_ = false;  // the last byte was the `>` that may begin a prompt
     std::string lineBuffer;
-    std::string pduBuffer;
     TokenizedLine line_;
+    std::optional<ATLine> header_;   // a response line that waits for its PDU
+    std::string strangeLine_;        // the first line after it that meant nothing
+    std::span<const char> pending_;  // what Feed was given
 
-    // What Feed was given, and what a refill in the middle of a line brought.
-    std::span<const char> pending_;
-    std::array<char, 512> readBuffer;
-
-    mutable std::mutex leaf_;  // the prefix and the two functions; nothing else is locked inside it
+    mutable std::mutex leaf_;  // what is expected and the two functions; nothing else is locked inside it
     ATResult collecting;
     LineFilter lineFilter;
     UrcCallback urcCallback;

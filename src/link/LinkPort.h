@@ -21,9 +21,10 @@ namespace tarnbridge {
 /// | result taken | caller, also one that has given up | read thread, without limit |
 /// | command active | caller | read thread, asked: without it a result is thrown away |
 /// | flush done | read thread | Flush |
-/// | abort | who ends a stalled transfer, a hang-up | read thread: hands over an empty result |
+/// | abort | BreakOff, a hang-up | read thread: hands over an empty result |
 /// | broken off | read thread, with that result | caller that waits for the prompt |
-/// | cancel | Flush, caller that gives up | read thread, also in a line: forgets what it has in hand |
+/// | cancel | Flush, BreakOff, a caller that gives up | read thread, also in a line: forgets what it has in
+/// hand | | arrived | read thread, when bytes have come | AwaitQuiet, a caller that looks for signs of life |
 class LinkPort : public WorkerThread {
 public:
     /// Sends all the bytes; false after a second failure.
@@ -40,13 +41,27 @@ public:
     virtual Event& ResultTakenEvent() = 0;
     virtual Event& CommandActiveEvent() = 0;
     virtual Event& FlushDoneEvent() = 0;
-    virtual Event& AbortEvent() = 0;
     virtual Event& BrokenOffEvent() = 0;
-    virtual Event& CancelEvent() = 0;
+    virtual Event& ArrivedEvent() = 0;
+
+    /// Has the read thread forget what it has in hand, without waiting for that.
+    virtual void Cancel() = 0;
+
+    /// Cancels, and ends the exchange under way with an empty result, both in one step of the read thread.
+    virtual void BreakOff() = 0;
+
+    /// Forgets a BreakOff that no exchange has seen.
+    virtual void ForgetBreak() = 0;
 
     /// Throws away what is queued and has the read thread forget what it has in hand; waits for that at most
     /// 3,000 ms.
     virtual void Flush() = 0;
+
+    /// Waits until no byte has come for a while. False if that takes longer than the limit.
+    virtual bool AwaitQuiet(Milliseconds quiet, Milliseconds limit) = 0;
+
+    /// Whether the far end has gone: nothing comes any more.
+    virtual bool HungUp() const = 0;
 
     /// Moves the result out. Only between result ready and result taken.
     virtual void FetchResult(ATResult& result) = 0;
@@ -54,8 +69,8 @@ public:
     virtual void SetLineFilter(LineFilter filter) = 0;
     virtual void SetUrcCallback(UrcCallback callback) = 0;
 
-    /// The prefix of the response lines to keep; before the command is written.
-    virtual void SetExpectedPrefix(std::string prefix) = 0;
+    /// What of the response is kept: the result's prefix and flags. Before the command is written.
+    virtual void SetExpected(const ATResult& result) = 0;
 
     /// Opens the port and starts the read thread. A failure leaves nothing open.
     virtual bool Open(LinkKind& linkKind) = 0;

@@ -6,12 +6,10 @@
 namespace tarnbridge {
 namespace {
 
-constexpr size_t bytesPerRead = 512;
+constexpr size_t bytesPerRead = 4096;
 constexpr size_t longestLastCommand = 4096;
-constexpr Milliseconds roundTime{1};
-// When nothing has happened for so many rounds they become longer. Bytes, a flush and the end come at once.
-constexpr int roundsToIdle = 100;
-constexpr Milliseconds idleTime{50};
+// Bytes, a hang-up and each signal to the read thread end its wait at once.
+constexpr Milliseconds roundTime{1000};
 constexpr Milliseconds flushTime{3000};
 constexpr Milliseconds retryPause{100};
 
@@ -52,16 +50,42 @@ void SerialPort::SetLastCommand(std::string_view text) {
     lastCommand = text.substr(0, longestLastCommand);
 }
 
+void SerialPort::SetExpected(const ATResult& result) {
+    expected_.prefix = result.prefix;
+    expected_.needsLine = result.needsLine;
+    expected_.allLines = result.allLines;
+    reader_.SetExpected(expected_);
+}
+
+void SerialPort::SetExpectPduLine(bool expect) {
+    reader_.SetExpectPduLine(expectsPdu_ = expect);
+}
+
+void SerialPort::SetAwaitPrompt(bool await) {
+    reader_.SetAwaitPrompt(awaitsPrompt_ = await);
+}
+
 bool SerialPort::Write(std::string_view bytes) {
     for (int retries = 0; !bytes.empty(); ++retries) {
         const int written = device_->Write(bytes);
         if (written >= 0) bytes.remove_prefix(static_cast<size_t>(written));
         if (bytes.empty()) break;
-        if (written >= 0) Flush();
+        if (written >= 0) StartOver();
         if (retries == 1) return false;
         clock_.Sleep(retryPause);
     }
     return true;
+}
+
+/// What the handset says to a command that was cut isn't the answer to the whole of it. The read thread may
+/// stand with that answer already.
+void SerialPort::StartOver() {
+    resultTaken_.Set();
+    Flush();
+    resultReady_.Reset();
+    reader_.SetExpected(expected_);
+    reader_.SetExpectPduLine(expectsPdu_);
+    reader_.SetAwaitPrompt(awaitsPrompt_);
 }
 
 void SerialPort::Flush() {
@@ -73,8 +97,7 @@ void SerialPort::Flush() {
     abortParse = true;
     // What ends the wait is the answer to this flush: one to an earlier cancel may come at the same time.
     const unsigned wanted = ++flushesWanted_;
-    cancel_.Set();
-    device_->Wake();
+    Cancel();
     const Milliseconds deadline = clock_.Now() + flushTime;
     while (flushesServed_ != wanted) {
         const Milliseconds left = deadline - clock_.Now();
@@ -84,32 +107,69 @@ void SerialPort::Flush() {
     flushDone_.Reset();
 }
 
+void SerialPort::Cancel() {
+    {
+        const std::lock_guard guard(signals_);
+        cancel_.Set();
+    }
+    device_->Wake();
+}
+
+void SerialPort::BreakOff() {
+    {
+        const std::lock_guard guard(signals_);
+        cancel_.Set();
+        abort_.Set();
+    }
+    device_->Wake();
+}
+
+void SerialPort::ForgetBreak() {
+    const std::lock_guard guard(signals_);
+    abort_.Reset();
+    brokenOff_.Reset();
+}
+
+bool SerialPort::AwaitQuiet(Milliseconds quiet, Milliseconds limit) {
+    const Milliseconds deadline = clock_.Now() + limit;
+    arrived_.Reset();
+    while (clock_.Wait(arrived_, quiet)) {
+        if (clock_.Now() >= deadline) return false;
+    }
+    return true;
+}
+
 void SerialPort::Run() {
     std::array<char, bytesPerRead> readBuffer;
-    int quietRounds = 0;
     while (!stop_.IsSet()) {
         ServeSignals();
         const int readCount = device_->Read(readBuffer);
         if (readCount > 0) {
-            quietRounds = 0;
+            arrived_.Set();
             reader_.Feed({readBuffer.data(), static_cast<size_t>(readCount)});
         } else {
-            // Nobody answers any more: who waits is freed at once.
-            if (device_->HungUp()) abort_.Set();
-            quietRounds = commandActive_.IsSet() ? 0 : std::min(quietRounds + 1, roundsToIdle);
-            device_->WaitReadable(quietRounds < roundsToIdle ? roundTime : idleTime);
+            if (device_->HungUp()) HandOverNothing();
+            device_->WaitReadable(roundTime);
         }
     }
 }
 
 void SerialPort::ServeSignals() {
-    // Whether an abort has someone to free is asked before a flush is answered: the caller that waits for the
-    // flush may make its own command active at once, and it isn't that command which is to be broken off.
-    const bool aborted = abort_.IsSet();
-    const bool someoneWaits = commandActive_.IsSet();
-    if (cancel_.IsSet()) {
-        // First of all, so that a flush from here on is served by the next round.
+    bool aborted = false;
+    bool cancelled = false;
+    {
+        const std::lock_guard guard(signals_);
+        aborted = abort_.IsSet();
+        cancelled = cancel_.IsSet();
+        // Whether an abort has someone to free is asked before a flush is answered: the caller that waits for
+        // the flush may make its own command active at once, and it isn't that command which is to be broken
+        // off.
+        aborted = abort_.IsSet() && commandActive_.IsSet();
+        cancelled = cancel_.IsSet();
+        abort_.Reset();
         cancel_.Reset();
+    }
+    if (cancelled) {
         const unsigned wanted = flushesWanted_;
         reader_.Reset();
         prompt_.Reset();
@@ -118,13 +178,7 @@ void SerialPort::ServeSignals() {
         flushesServed_ = wanted;
         flushDone_.Set();
     }
-    if (!aborted) return;
-    if (someoneWaits) {
-        reader_.BreakOff(ATResult::NoResult);
-        brokenOff_.Set();
-        HandOver();
-    }
-    abort_.Reset();
+    if (aborted) HandOverNothing();
 }
 
 void SerialPort::OnCommandEnd() {
@@ -139,20 +193,19 @@ void SerialPort::HandOver() {
     resultTaken_.Reset();
 }
 
-int SerialPort::Refill(std::span<char> buffer) {
-    while (!stop_.IsSet()) {
-        const int count = device_->Read(buffer);
-        if (count > 0) return count;
-        if (device_->HungUp()) return 0;
-        device_->WaitReadable(roundTime);
-    }
-    return 0;
+/// Frees who waits for an answer that won't come.
+void SerialPort::HandOverNothing() {
+    if (!commandActive_.IsSet()) return;
+    reader_.BreakOff(ATResult::NoResult);
+    brokenOff_.Set();
+    HandOver();
 }
 
 void SerialPort::SwallowUntilStopped() {
     std::array<char, bytesPerRead> scratch;
     while (!stop_.IsSet()) {
-        if (device_->Read(scratch) <= 0) device_->WaitReadable(roundTime);
+        if (device_->Read(scratch) > 0) continue;
+        device_->WaitReadable(roundTime);
     }
 }
 

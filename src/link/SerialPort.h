@@ -3,6 +3,7 @@
 #include <array>
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "link/LineReader.h"
@@ -24,22 +25,26 @@ public:
 
     void StopThread() override;
     bool Write(std::string_view bytes) override;
-    void SetExpectPduLine(bool expect) override { reader_.SetExpectPduLine(expect); }
-    void SetAwaitPrompt(bool await) override { reader_.SetAwaitPrompt(await); }
+    void SetExpectPduLine(bool expect) override;
+    void SetAwaitPrompt(bool await) override;
     Event& PromptEvent() override { return prompt_; }
     void SetLastCommand(std::string_view text) override;
     Event& ResultReadyEvent() override { return resultReady_; }
     Event& ResultTakenEvent() override { return resultTaken_; }
     Event& CommandActiveEvent() override { return commandActive_; }
     Event& FlushDoneEvent() override { return flushDone_; }
-    Event& AbortEvent() override { return abort_; }
     Event& BrokenOffEvent() override { return brokenOff_; }
-    Event& CancelEvent() override { return cancel_; }
+    Event& ArrivedEvent() override { return arrived_; }
+    void Cancel() override;
+    void BreakOff() override;
+    void ForgetBreak() override;
     void Flush() override;
+    bool AwaitQuiet(Milliseconds quiet, Milliseconds limit) override;
+    bool HungUp() const override { return device_->HungUp(); }
     void FetchResult(ATResult& result) override { reader_.FetchResult(result); }
     void SetLineFilter(LineFilter filter) override { reader_.SetLineFilter(std::move(filter)); }
     void SetUrcCallback(UrcCallback callback) override { reader_.SetUrcCallback(std::move(callback)); }
-    void SetExpectedPrefix(std::string prefix) override { reader_.SetExpectedPrefix(std::move(prefix)); }
+    void SetExpected(const ATResult& result) override;
     bool Open(LinkKind& linkKind) override;
     void Close() override;
     void Configure(std::string portName, uint32_t baudRate, FlowControl flowControl) override;
@@ -52,19 +57,23 @@ protected:
     const char* ThreadName() const override { return "serial read"; }
 
 private:
-    int Refill(std::span<char> buffer) override;
     void OnPrompt() override { prompt_.Set(); }
     void OnCommandEnd() override;
     void SwallowUntilStopped() override;
 
     void ServeSignals();
+    void StartOver();
     void HandOver();
+    void HandOverNothing();
 
     Clock& clock_;
     const std::unique_ptr<SerialDevice> device_;
     SerialSettings settings_;
     SerialOpenFailure openFailure_;
     std::string lastCommand;
+    ATResult expected_;  // with the two flags what a flush in the middle of a command must leave
+    bool expectsPdu_ = false;
+    bool awaitsPrompt_ = false;
 
     Event prompt_{ResetMode::Automatic};
     Event stop_{ResetMode::Manual};
@@ -75,6 +84,8 @@ private:
     Event flushDone_{ResetMode::Manual};
     Event abort_{ResetMode::Manual};
     Event brokenOff_{ResetMode::Manual};
+    Event arrived_{ResetMode::Automatic};
+    std::mutex signals_;  // cancel and abort change together
     std::atomic<bool> abortParse{false};
     std::atomic<unsigned> flushesWanted_{0};
     std::atomic<unsigned> flushesServed_{0};

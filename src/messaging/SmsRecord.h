@@ -148,12 +148,12 @@ public:
     /// Set for a place of the handset whose content can't be decoded: the text that was found there. Such a
     /// record is no message: it is shown with that text, and is never joined, copied, moved or sent.
     std::optional<std::string> unreadable;
-    std::vector<int> leftBehind;      ///< of the operation that was carried out last
-    bool answered = false;            ///< of the last Read
-    std::string text8;                ///< local 8-bit text, while dcs isn't 8
-    std::u16string text16;            ///< the text while dcs is 8
-    std::string userDataHeader;       ///< of a single PDU, without its length octet
-    std::u16string storage;           ///< "SM", "ME" or "MT"
+    std::vector<int> leftBehind;  ///< of the operation that was carried out last
+    bool answered = false;        ///< of the last Read
+    std::string text8;            ///< local 8-bit text, while dcs isn't 8
+    std::u16string text16;        ///< the text while dcs is 8
+    std::string userDataHeader;   ///< of a single PDU, without its length octet
+    std::u16string storage;       ///< "SM", "ME" or "MT"
     int status = smsUnread;
     SmsAddress serviceCentre;
     SmsAddress address;

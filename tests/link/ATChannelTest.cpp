@@ -34,7 +34,7 @@ protected:
 };
 
 TEST_F(ATChannelTest, OpenAndClose) {
-    EXPECT_EQ(Exec("AT\r"), "failed with status 0") << "closed";
+    EXPECT_EQ(Exec("AT\r"), "failed with status 2") << "closed";
     EXPECT_FALSE(channel.SendRaw("AT\r"));
     channel.Cancel();
 
@@ -108,11 +108,14 @@ TEST_F(ATChannelTest, ReplyRacesItsTimeOut) {
             ASSERT_EQ(Describe(result), "'+A' 1\n'OK'\n");
         } else {
             ASSERT_EQ(result.status, ATResult::NoResult);
-            // Once the late reply has come in, the next command gets its own.
-            std::this_thread::sleep_for(2ms);
         }
         wire.DelayReplies(0ms);
-        ASSERT_EQ(Exec("AT+B\r", "+B"), "'+B' 2\n'OK'\n") << "round " << i;
+        // The late reply may come at any moment of this: it is never the answer of a query with a line.
+        ATResult query;
+        query.prefix = "+B";
+        query.needsLine = true;
+        ASSERT_TRUE(channel.ExecWhileAlive("AT+B\r", 10s, 10s, query)) << "round " << i;
+        ASSERT_EQ(Describe(query), "'+B' 2\n'OK'\n") << "round " << i;
     }
     EXPECT_GT(answered, 0);
     EXPECT_LT(answered, 1000);
@@ -127,6 +130,11 @@ TEST_F(ATChannelTest, Writes) {
     EXPECT_EQ(Exec("AT\r"), "failed with status 2");
     wire.ScriptWrites({0, 0});
     EXPECT_EQ(Exec("AT\r"), "failed with status 2") << "two short writes";
+    wire.Answer("SQ\r", test::Lines({"+CSQ: 2", "OK"}));
+    for (int i = 0; i < 50; ++i) {
+        wire.ScriptWrites({4}, test::Lines({"+CSQ: 1", "ERROR"}));
+        ASSERT_EQ(Exec("AT+CSQ\r", "+CSQ"), "'+CSQ' 2\n'OK'\n") << "a cut command's answer is thrown away";
+    }
     wire.ScriptWrites({3, -1});
     EXPECT_EQ(Exec("xxxAT\r"), "failed with status 2") << "a short one, then a failed one";
     EXPECT_EQ(Exec("AT\r"), "'OK'\n");
@@ -193,8 +201,45 @@ TEST_F(ATChannelTest, CancelFreesAWaitWithoutLimit) {
         EXPECT_EQ(Exec("AT+EFSR\r", "+EFSR", 0ms), "failed with status 1");
         canceller.join();
     }
-    wire.Answer("AT\r", test::Lines({"OK"}));
-    EXPECT_EQ(Exec("AT\r"), "'OK'\n");
+    // The break-off counted for that exchange alone.
+    wire.Answer("AT+CMGW=1\r", "\r\n> ");
+    wire.Answer("BODY\x1A", test::Lines({"OK"}));
+    ATResult result;
+    EXPECT_TRUE(channel.ExecTwoStage("AT+CMGW=1\r", "BODY\x1A", 10s, false, result));
+    EXPECT_EQ(Describe(result), "'OK'\n");
+}
+
+TEST_F(ATChannelTest, AHurryCutsTheWaitUnderWayButNotThatForABody) {
+    test::ManualClock time;
+    ATChannel hurried(time, wire.Factory());
+    LinkKind kind{};
+    ASSERT_TRUE(hurried.Open("COM1", 115200, FlowControl::None, {}, kind));
+    wire.SetOtherAnswer("");
+    wire.Answer("AT+CMGS=1\r", "\r\n> ");
+    const auto passes = [&](Milliseconds wait, const std::function<void()>& exchange) {
+        std::atomic<bool> ended{false};
+        std::thread caller([&] {
+            exchange();
+            ended = true;
+        });
+        const Milliseconds start = time.Now();
+        while (!ended) {
+            if (time.Now() - start == wait) hurried.SetHurried(true);
+            time.Advance(100ms);
+            std::this_thread::sleep_for(1ms);
+        }
+        caller.join();
+        hurried.SetHurried(false);
+        return time.Now() - start;
+    };
+    ATResult result;
+    const Milliseconds command =
+        passes(1s, [&] { EXPECT_FALSE(hurried.Exec("AT+MUTE\r", 50s, false, result)); });
+    EXPECT_GE(command, 3s);
+    EXPECT_LT(command, 40s);
+    const Milliseconds body =
+        passes(1s, [&] { EXPECT_FALSE(hurried.ExecTwoStage("AT+CMGS=1\r", "B\x1A", 20s, false, result)); });
+    EXPECT_GE(body, 20s);
 }
 
 TEST_F(ATChannelTest, HangUpInEachKindOfExchangeAndComingBack) {

@@ -37,11 +37,13 @@ TEST_F(HandsetLinkTest, HandshakeInItsOrder) {
     EXPECT_TRUE(link.IsPortOpen()) << "a second connection leaves the first as it is";
     EXPECT_TRUE(wire.Written().empty());
     ASSERT_TRUE(link.EnsureSession());
-    const std::vector<std::string> expected = {"AT+ESUO?\r",
+    const std::vector<std::string> expected = {"\x1B",
+                                               "AT+ESUO?\r",
                                                "AT+ESUO=3\r",
                                                "AT+EFSR\r",
                                                "AT+ESUO=4\r",
                                                "AT+ESLP=0\r",
+                                               "AT+CMGF?\r",
                                                "AT+ESUO=3\r",
                                                "AT+EFSR\r",
                                                "AT+ESUO=4\r",
@@ -55,7 +57,8 @@ TEST_F(HandsetLinkTest, HandshakeInItsOrder) {
                                                "AT+ESUO=4\r",
                                                "AT+EQUERY=0\r",
                                                "AT+EVCARD=?\r",
-                                               "AT+CPMS=?\r"};
+                                               "AT+CPMS=?\r",
+                                               "AT+CSCS?\r"};
     EXPECT_EQ(wire.Written(), expected);
     const HandsetFeatures features = link.Features();
     EXPECT_EQ(features.maxChunk, 1024);
@@ -143,7 +146,7 @@ TEST_F(HandsetLinkTest, WhatRefusesASession) {
         wire.ForgetWritten();
         EXPECT_FALSE(link.ExecExpect("AT+X\r", 60, nullptr, true));
         EXPECT_EQ(wire.CountWritten("AT+X\r"), 0u) << "nothing is sent without a session";
-        EXPECT_EQ(wire.Written().front(), "AT+ESUO?\r") << "the next operation begins anew";
+        EXPECT_EQ(wire.Written().at(1), "AT+ESUO?\r") << "the next operation begins anew";
         wire.ForgetWritten();
         link.Disconnect(true);
         EXPECT_TRUE(wire.Written().empty()) << "without a session nothing is handed back";
@@ -333,18 +336,21 @@ TEST(HandsetLinkStall, SilenceOfFiveSecondsEndsATransfer) {
     ASSERT_TRUE(link.EnsureSession());
     wire.Answer("AT+EFSR=\"X\"\r", "");
     link.StartStallWatch();
+    std::atomic<bool> done{false};
     std::thread passingTime([&] {
-        while (!link.transferAborted) {
+        while (!done) {
             clock.Advance(100ms);
             std::this_thread::sleep_for(1ms);
         }
     });
     ATResult result;
     EXPECT_FALSE(link.ExecFile("AT+EFSR=\"X\"\r", 0, result));
-    passingTime.join();
+    EXPECT_TRUE(link.transferAborted);
     link.StopStallWatch();
     EXPECT_EQ(result.status, ATResult::NoResult);
     EXPECT_TRUE(link.Ping());
+    done = true;
+    passingTime.join();
 }
 
 TEST(StallWatch, CountsKicksStopsAndStartsAgain) {

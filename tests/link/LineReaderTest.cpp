@@ -7,29 +7,18 @@
 namespace tarnbridge {
 namespace {
 
-/// A port without a thread: what a refill brings is given beforehand, and each final result is taken at once.
+/// A port without a thread: each final result is taken at once.
 class FakeHost final : public LineReaderHost {
 public:
-    int Refill(std::span<char> buffer) override {
-        const size_t count = std::min({buffer.size(), more.size(), pieceSize});
-        std::copy_n(more.begin(), count, buffer.begin());
-        more.erase(0, count);
-        return static_cast<int>(count);
-    }
     void OnPrompt() override { log += "prompt\n"; }
     void OnCommandEnd() override {
         ATResult result;
         reader->FetchResult(result);
         log += Describe(result) + "--\n";
     }
-    void SwallowUntilStopped() override {
-        more.clear();
-        log += "swallowed\n";
-    }
+    void SwallowUntilStopped() override { log += "swallowed\n"; }
 
     LineReader* reader = nullptr;
-    std::string more;
-    size_t pieceSize = 512;
     std::string log;
 };
 
@@ -40,14 +29,21 @@ protected:
         reader.SetUrcCallback([this](const ATResult& result) { host.log += "urc " + Describe(result); });
     }
 
+    void Expect(const char* prefix, bool needsLine = false, bool allLines = false) {
+        ATResult expected;
+        expected.prefix = prefix;
+        expected.needsLine = needsLine;
+        expected.allLines = allLines;
+        reader.SetExpected(expected);
+    }
+
     std::atomic<bool> abortParse{false};
     Event cancel{ResetMode::Manual};
     FakeHost host;
     LineReader reader{host, ParseStop{abortParse, cancel}};
 };
 
-/// What a stream gives when its first `head` bytes are fed and the rest comes by refills, or is fed after
-/// them.
+/// What a stream gives when its first `head` bytes are fed and then the rest in pieces.
 std::string Read(const std::string& stream, const char* prefix, bool pduFollows, size_t head,
                  size_t pieceSize) {
     std::atomic<bool> abortParse{false};
@@ -55,17 +51,14 @@ std::string Read(const std::string& stream, const char* prefix, bool pduFollows,
     FakeHost host;
     LineReader reader(host, ParseStop{abortParse, cancel});
     host.reader = &reader;
-    host.pieceSize = pieceSize;
     reader.SetUrcCallback([&](const ATResult& result) { host.log += "urc " + Describe(result); });
-    reader.SetExpectedPrefix(prefix);
+    ATResult expected;
+    expected.prefix = prefix;
+    reader.SetExpected(expected);
     reader.SetExpectPduLine(pduFollows);
-    host.more = stream.substr(head);
     reader.Feed(std::span(stream).first(head));
-    while (!host.more.empty()) {
-        const std::string piece = host.more.substr(0, pieceSize);
-        host.more.erase(0, pieceSize);
-        reader.Feed(piece);
-    }
+    for (; head < stream.size(); head += pieceSize)
+        reader.Feed(std::span(stream).subspan(head, std::min(pieceSize, stream.size() - head)));
     return host.log;
 }
 
@@ -94,8 +87,18 @@ TEST(LineReader, DialoguesCutAtEveryByte) {
          "'+CSQ' 20 99\n'OK'\n--\n"},
         {"without a prefix nothing is kept", "", false, test::Lines({"hello: world", ": x", "  ", "OK"}),
          "'OK'\n--\n"},
-        {"PDU line", "+CMGR", true, "\r\n+CMGR: 0,,25\r\n0791AA,\"(\r\n" + test::Lines({"OK"}),
-         "'+CMGR' 0 _ 25 '0791AA,\"('\n'OK'\n--\n"},
+        {"PDU line", "+CMGR", true, "\r\n+CMGR: 0,,25\r\n0791aF\r\n" + test::Lines({"OK"}),
+         "'+CMGR' 0 _ 25 '0791aF'\n'OK'\n--\n"},
+        {"lines between a header and its PDU", "+CMGR", true,
+         "\r\n+CMGR: 0,,25\r\n" + test::Lines({"RING", "+CMTI: \"SM\",3", "babble"}) + "0791\r\n" +
+             test::Lines({"OK"}),
+         "urc 'RING'\nurc '+CMTI' 'SM' 3\n'+CMGR' 0 _ 25 '0791'\n'OK'\n--\n"},
+        {"a header without a PDU", "+CMGR", true,
+         "\r\n+CMGR: 0,,25\r\n" + test::Lines({"RING", "+CMS ERROR: 500", "OK"}),
+         "urc 'RING'\n'+CMGR' 0 _ 25 ''\n'+CMS ERROR' 500\n--\n'OK'\n--\n"},
+        {"a PDU with something else in it", "+CMGR", true,
+         "\r\n+CMGR: 0,,25\r\n07\xC1\"91\r\n" + test::Lines({"RING", "OK"}),
+         "urc 'RING'\n'+CMGR' 0 _ 25 '07\xC1\"91'\n'OK'\n--\n"},
         {"CR in a PDU line swallows up to LF", "+CMGR", true,
          "\r\n+CMGR: 1\r\n0791\rXY\n" + test::Lines({"OK"}), "'+CMGR' 1 '0791'\n'OK'\n--\n"},
         {"the flag for a PDU line goes off", "+CMGR", true,
@@ -108,7 +111,7 @@ TEST(LineReader, DialoguesCutAtEveryByte) {
          "urc '+EKPDS' 1\nurc '+BATS' 3\n'+X' 1\n'+X' 2\n'OK'\n--\n"},
         {"a bare NO CARRIER is nothing", "", false, test::Lines({"NO CARRIER", "OK"}), "'OK'\n--\n"},
         {"a first line without CRLF is lost", "", false, "OK\r\nERROR\r\n", "'ERROR'\n--\n"},
-        {"lines of one byte vanish", "", false, "\r\n>\r\n\r\n\r\nOK\r\n", "'OK'\n--\n"},
+        {"lines of one byte vanish", "X", false, "\r\nX\r\n\r\nOK\r\n", "'OK'\n--\n"},
         {"an unterminated quote drops even a final result", "", false, test::Lines({"OK\"", "ERROR"}),
          "'ERROR'\n--\n"},
     };
@@ -132,7 +135,7 @@ TEST_F(LineReaderTest, UnsolicitedAtEveryGapOfAResponse) {
             lines.insert(lines.begin() + static_cast<ptrdiff_t>(gap), word);
             host.log.clear();
             reader.SetUrcCallback({});
-            reader.SetExpectedPrefix("+X");
+            Expect("+X");
             reader.Feed(test::Lines(lines));
             EXPECT_EQ(host.log, "'+X' 1\n'+X' 2\n'OK'\n--\n") << word << " at gap " << gap;
         }
@@ -143,17 +146,19 @@ TEST_F(LineReaderTest, HandedOverMessagesSwallowTheRest) {
     for (const char* word : {"+CMT: ,20", "+CBM: 88", "+CDS: 25"}) {
         host.log.clear();
         reader.SetUrcCallback({});
-        host.more = "0791\r\n\r\nOK\r\n";
         reader.Feed(test::Lines({word}));
         EXPECT_EQ(host.log, "swallowed\n") << word;
     }
 }
 
-TEST_F(LineReaderTest, ALineBetweenTheHeaderAndItsPduSpoilsThePdu) {
-    reader.SetExpectedPrefix("+CMGR");
-    reader.SetExpectPduLine(true);
-    reader.Feed(std::string("\r\n+CMGR: 0,,25\r\n\r\nRING\r\n0791\r\n\r\nOK\r\n"));
-    EXPECT_EQ(host.log, "'+CMGR' 0 _ 25 ''\n'OK'\n--\n");
+TEST_F(LineReaderTest, WhatIsKeptAndWhatIsPassedOver) {
+    Expect("+X", true);
+    reader.Feed(test::Lines({"OK", "+CMS ERROR: 1", "ERROR", "+X: 1", "OK"}));
+    EXPECT_EQ(host.log, "'+X' 1\n'OK'\n--\n") << "late results aren't the answer of a query";
+    host.log.clear();
+    Expect("+X", false, true);
+    reader.Feed(test::Lines({"Northlight", "RING", "+Y: 2", "+X: 1", "OK"}));
+    EXPECT_EQ(host.log, "urc 'RING'\n'Northlight'\n'+Y: 2'\n'+X' 1\n'OK'\n--\n");
 }
 
 TEST_F(LineReaderTest, Prompt) {
@@ -175,12 +180,9 @@ TEST_F(LineReaderTest, Prompt) {
             host.log.clear();
             reader.Reset();
             reader.SetAwaitPrompt(true);
-            host.more = row.bytes;
-            while (!host.more.empty()) {
-                const std::string part = host.more.substr(0, piece);
-                host.more.erase(0, piece);
-                reader.Feed(part);
-            }
+            for (std::string_view rest = row.bytes; !rest.empty();
+                 rest.remove_prefix(std::min(piece, rest.size())))
+                reader.Feed(rest.substr(0, piece));
             EXPECT_EQ(host.log, row.seen ? "prompt\n" : "") << row.rule;
         }
     }
@@ -193,7 +195,7 @@ TEST_F(LineReaderTest, Prompt) {
 }
 
 TEST_F(LineReaderTest, NoMoreBytesInTheMiddleOfALineDropIt) {
-    reader.SetExpectedPrefix("+CMGR");
+    Expect("+CMGR");
     reader.SetExpectPduLine(true);
     reader.Feed(std::string("\r\n+CMGR: 0\r\n0791"));
     EXPECT_EQ(host.log, "");
@@ -203,7 +205,7 @@ TEST_F(LineReaderTest, NoMoreBytesInTheMiddleOfALineDropIt) {
 }
 
 TEST_F(LineReaderTest, LongLinesAreCut) {
-    reader.SetExpectedPrefix("+X");
+    Expect("+X");
     ATResult result;
     reader.SetLineFilter([&](const ATLine& line) {
         result.lines.push_back(line);
@@ -222,7 +224,7 @@ TEST_F(LineReaderTest, LongLinesAreCut) {
 }
 
 TEST_F(LineReaderTest, ResetForgetsEverything) {
-    reader.SetExpectedPrefix("+X");
+    Expect("+X");
     reader.SetAwaitPrompt(true);
     reader.Feed(std::string("\r\n+X: 1"));
     reader.Reset();
@@ -235,7 +237,7 @@ TEST_F(LineReaderTest, CancelEndsFeeding) {
         cancel.Set();
         return false;
     });
-    reader.SetExpectedPrefix("+X");
+    Expect("+X");
     reader.Feed(test::Lines({"+X: 1", "OK"}));
     EXPECT_EQ(host.log, "");
 }

@@ -166,12 +166,10 @@ TEST_F(VirtualHandsetDialogue, RefusalsOfATwoStageCommand) {
     EXPECT_TRUE(link.Ping());
 }
 
-TEST_F(VirtualHandsetDialogue, ALineBetweenAHeaderAndItsPduSpoilsThatPduAlone) {
+TEST_F(VirtualHandsetDialogue, ALineBetweenAHeaderAndItsPduIsPassedOver) {
     ASSERT_TRUE(Connect());
     ASSERT_TRUE(link.EnsureSession());
     handset.SetFaults({"unsolicited-in-message=RING"});
-    EXPECT_NE(ReadMessage(), "read");
-    handset.SetFaults({});
     EXPECT_EQ(ReadMessage(), "read");
 }
 

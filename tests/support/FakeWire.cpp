@@ -107,9 +107,10 @@ void FakeWire::HangUp(bool hungUp) {
     incoming_.clear();
 }
 
-void FakeWire::ScriptWrites(std::deque<int> results) {
+void FakeWire::ScriptWrites(std::deque<int> results, const std::string& reply) {
     const std::lock_guard guard(mutex_);
     writeResults_ = std::move(results);
+    replyToScripted_ = reply;
 }
 
 int FakeWire::Read(std::span<char> buffer) {
@@ -129,6 +130,9 @@ int FakeWire::Write(std::string_view bytes) {
     if (!writeResults_.empty()) {
         const int result = writeResults_.front();
         writeResults_.pop_front();
+        if (!replyToScripted_.empty())
+            incoming_.push_back({std::chrono::steady_clock::now(), replyToScripted_});
+        changed_.notify_all();
         return result;
     }
     const std::string text(bytes);
@@ -168,6 +172,10 @@ void AnswerHandshake(FakeWire& wire) {
           "AT+CMGF=0\r", "AT+CSCS=\"UCS2\"\r", "AT+CSCS=\"UCS2_0x81\"\r", "AT+EFSC=?\r", "AT+EVCARD=?\r"}) {
         wire.Answer(command, Lines({"OK"}));
     }
+    wire.Answer("\x1B", "");
+    wire.Answer("AT+CMGF?\r", Lines({"+CMGF: 0", "OK"}));
+    wire.Answer("AT+CSCS?\r", Lines({"+CSCS: \"UCS2\"", "OK"}));
+    wire.Answer("AT+CMEE?\r", Lines({"+CMEE: 1", "OK"}));
     wire.Answer("AT+ESUO?\r", Lines({"+ESUO: 4", "OK"}));
     wire.Answer("AT+EFSW?\r", Lines({"+EFSW: 1024", "OK"}));
     wire.Answer("AT+EQUERY=0\r", Lines({"+CMGW: (0-3)", "OK"}));

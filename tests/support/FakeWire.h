@@ -42,8 +42,9 @@ public:
     void DelayReplies(Milliseconds delay);  ///< between a write and its reply
     void FailOpen(SerialOpenFault fault);   ///< None opens again
     void HangUp(bool hungUp);  ///< nothing is read or written while hung up; a new open works after false
-    /// Results of the next writes, instead of success: -1 fails, n writes n bytes only.
-    void ScriptWrites(std::deque<int> results);
+    /// Results of the next writes, instead of success: -1 fails, n writes n bytes only. To each of them the
+    /// far end says `reply`.
+    void ScriptWrites(std::deque<int> results, const std::string& reply = {});
 
 private:
     class Device;
@@ -63,6 +64,7 @@ private:
     std::deque<Chunk> incoming_;
     std::vector<std::string> written_;
     std::deque<int> writeResults_;
+    std::string replyToScripted_;
     size_t split_ = 0;
     Milliseconds delay_{0};
     SerialOpenFault openFault_ = SerialOpenFault::None;
