@@ -1,9 +1,7 @@
 #pragma once
 
 #include <condition_variable>
-#include <deque>
 #include <filesystem>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -14,9 +12,7 @@
 #include "platform/Result.h"
 #include "platform/Thread.h"
 #include "simulator/DialogueLog.h"
-#include "simulator/Faults.h"
-#include "simulator/Handset.h"
-#include "simulator/Wire.h"
+#include "simulator/HandsetLine.h"
 
 namespace tarnbridge::simulator {
 
@@ -51,7 +47,7 @@ public:
     template <typename Use>
     auto With(Use use) {
         const std::lock_guard guard(mutex_);
-        return use(handset_);
+        return use(line_.Phone());
     }
 
     /// Puts other faults in the place of the present ones; their counts begin at 0.
@@ -69,25 +65,12 @@ public:
     bool AwaitCommand(const std::string& line, Milliseconds timeout);
 
 private:
-    using Time = Wire::Time;
-
-    /// Stands between the handset and the faults to keep the list of commands.
-    class Ear : public CommandGate {
-    public:
-        explicit Ear(HandsetServer& server) : server_(server) {}
-        bool Hears(const std::string& line) override;
-        std::optional<Answer> Instead(const Command& command, Stage stage) override;
-        void Shape(Features& features) const override;
-
-    private:
-        HandsetServer& server_;
-    };
+    using Time = HandsetLine::Time;
 
     void Serve();
-    void Listen(Time now);
-    void Speak(std::vector<Piece> pieces, Time when, bool ends);
+    void Note(char who, std::string_view bytes);
     void Send(Time now);
-    Time SeeToThePlug(Time now);
+    void SeeToThePlug(Time now);
     Time SaveWhenQuiet(Time now);
     Outcome Save();
 
@@ -98,18 +81,10 @@ private:
 
     mutable std::mutex mutex_;  // all below
     std::condition_variable changed_;
-    Faults faults_;
-    Ear ear_{*this};
-    Handset handset_;
-    Wire wire_;
-    std::deque<std::string> commands_;
+    HandsetLine line_;
     bool stop_ = false;
-    bool wanted_ = true;  // that it is plugged in
     bool plugged_ = true;
-    std::optional<Time> plugAgain_;
-    std::optional<Faults::HangUp> hangUp_;
     std::optional<SystemFailure> plugFailure_;
-    std::string heard_;  // for the log
     bool blocked_ = false;
     unsigned saved_ = 0;
     Time changedAt_ = Time::max();

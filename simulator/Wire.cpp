@@ -73,16 +73,12 @@ Wire::Time Wire::NextHeard() const {
     return TimeOf(first, end + 1);
 }
 
-Wire::Time Wire::Next() const {
-    Time next = NextHeard();
-    if (!out_.empty()) {
-        const Transmission& first = out_.front();
-        const size_t step = std::max<size_t>(static_cast<size_t>(baud_) / 10'000, 1);
-        const size_t count =
-            baud_ == 0 ? first.bytes.size() : std::min(first.passed + step, first.bytes.size());
-        next = std::min(next, TimeOf(first, count));
-    }
-    return next;
+Wire::Time Wire::NextDue() const {
+    if (out_.empty()) return Time::max();
+    const Transmission& first = out_.front();
+    const size_t step = std::max<size_t>(static_cast<size_t>(baud_) / 10'000, 1);
+    const size_t count = baud_ == 0 ? first.bytes.size() : std::min(first.passed + step, first.bytes.size());
+    return TimeOf(first, count);
 }
 
 void Wire::Hush() {

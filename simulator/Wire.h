@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <deque>
@@ -43,10 +44,11 @@ public:
 
     /// When Hear or Due will next have something worth waking for: about a millisecond's worth of bytes, or
     /// the end of a command or of a transmission. Time::max() when nothing is on its way.
-    Time Next() const;
+    Time Next() const { return std::min(NextHeard(), NextDue()); }
 
-    /// The same for Hear alone.
+    /// The same for Hear alone and for Due alone.
     Time NextHeard() const;
+    Time NextDue() const;
 
     size_t Unheard() const { return unheard_; }
     size_t Unsent() const { return unsent_; }

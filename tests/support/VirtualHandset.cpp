@@ -1,23 +1,10 @@
 #include "support/VirtualHandset.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
+
+#include "support/Must.h"
 
 namespace tarnbridge::test {
-namespace {
-
-template <typename T>
-T Must(Result<T> result) {
-    if (!result) {
-        std::fprintf(stderr, "virtual handset: %s\n", result.Failure().text.c_str());
-        std::abort();
-    }
-    return std::move(*result);
-}
-
-}  // namespace
-
 VirtualHandset::VirtualHandset(VirtualHandsetOptions options) : link_(folder_ / "handset") {
     using simulator::HandsetContent;
     simulator::HandsetServer::Options serverOptions;

@@ -13,9 +13,9 @@ namespace tarnbridge::test {
 
 /// How a VirtualHandset begins.
 struct VirtualHandsetOptions {
-    bool demo = false;                ///< the demonstration content instead of an empty phone
-    std::vector<std::string> faults;  ///< as `--fault` takes them
-    int baud = 0;                     ///< 0: as fast as it goes
+    bool demo = false;                     ///< the demonstration content instead of an empty phone
+    std::vector<std::string> faults = {};  ///< as `--fault` takes them
+    int baud = 0;                          ///< 0: as fast as it goes
 };
 
 /// A handset for a test, in this process, behind a device that the code under test opens. It is plugged in
