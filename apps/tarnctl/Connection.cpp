@@ -25,6 +25,7 @@ Connection::Connection(const GlobalOptions& options)
 }
 
 Connection::~Connection() {
+    handingBack_ = true;
     link_.Disconnect(true);
     ended_.Set();
     watcher_.Join();
@@ -35,9 +36,8 @@ void Connection::WatchForCancel() {
     while (Event::WaitAny(events, forever) != 0) {
         signal_.Requested().Reset();
         const bool again = cancelled_.exchange(true);
-        if (patient_ && !again) continue;
-        link_.BreakExchange();
-        return;
+        link_.SetHurried(true);
+        if (!handingBack_ && (!patient_ || again)) link_.BreakExchange();
     }
 }
 
@@ -115,8 +115,9 @@ std::string ExplainOpenFailure(const SerialOpenFailure& failure) {
     return failure.systemText.empty() ? fmt::format("cannot open {}", failure.device) : failure.systemText;
 }
 
-std::string ExplainResult(const ATResult& result) {
-    if (result.status == ATResult::NotSent) return "the command could not be written to the port";
+std::string ExplainResult(HandsetLink& link, const ATResult& result) {
+    if (link.HasHungUp()) return "the handset was unplugged";
+    if (result.status == ATResult::NotSent) return "the command was not sent: there is no session any more";
     if (result.lines.empty() || result.lines.back().empty()) return "the handset did not answer in time";
     const std::string& word = result.lines.back()[0].text;
     const int32_t number = result.ErrorNumber();

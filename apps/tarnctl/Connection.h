@@ -30,8 +30,8 @@ public:
     /// Whether to stop: the user wants it, or nobody gets what is printed.
     bool Cancelled() const { return cancelled_ || OutputFailed(); }
 
-    /// While patient, the first Ctrl-C lets the exchange under way come to its end, since what a broken one
-    /// has done on the handset isn't known; only the second breaks it off. For any thread.
+    /// While patient, the first Ctrl-C lets the exchange under way come to its end, hurried, since what a
+    /// broken one has done on the handset isn't known; only the second breaks it off. For any thread.
     void SetPatient(bool patient) { patient_ = patient; }
 
     /// What stands behind the port: a device path, or the name under which it was asked for.
@@ -47,6 +47,7 @@ private:
     Event ended_{ResetMode::Manual};
     std::atomic<bool> cancelled_{false};
     std::atomic<bool> patient_{false};
+    std::atomic<bool> handingBack_{false};
     const std::unique_ptr<EntryStore> store_ = OpenUserStore();
     PortMap ports_{*store_};
     SystemClock clock_;
@@ -60,6 +61,6 @@ private:
 std::string ExplainOpenFailure(const SerialOpenFailure& failure);
 
 /// Why an exchange gave no result or an error: the handset's number where there is one.
-std::string ExplainResult(const ATResult& result);
+std::string ExplainResult(HandsetLink& link, const ATResult& result);
 
 }  // namespace tarnbridge

@@ -117,6 +117,7 @@ ExitCode SendCommand(const GlobalOptions& options, const AtOptions& at) {
     if (!connection.Open()) return NoLink;
     ATResult result;
     result.prefix = at.prefix.value_or(PrefixOf(at.text));
+    result.allLines = !at.prefix;
     const std::string text = at.text + "\r";
     bool answered = false;
     if (at.body) {
@@ -128,13 +129,13 @@ ExitCode SendCommand(const GlobalOptions& options, const AtOptions& at) {
         answered = connection.Link().ExecCommand(text, at.timeout, at.pdu, result);
     }
     if (!answered) {
-        PrintWords(connection.Cancelled() ? "cancelled" : ExplainResult(result));
+        PrintWords(connection.Cancelled() ? "cancelled" : ExplainResult(connection.Link(), result));
         return OperationFailed;
     }
     PrintResult(result, options.json);
     const std::string& word = result.lines.back()[0].text;
     if (word == "OK" || word == "CONNECT") return Done;
-    PrintWords(ExplainResult(result));
+    PrintWords(ExplainResult(connection.Link(), result));
     return OperationFailed;
 }
 
@@ -156,7 +157,7 @@ void AddLinkCommands(CLI::App& app, Action& chosen) {
         ->required();
     at->add_option(
         "--prefix", options->prefix,
-        "The prefix of the response lines to show, without its colon; by default that of the command");
+        "Show only response lines of this prefix, given without its colon; by default all lines");
     at->add_option(
           "--timeout", options->timeout,
           "Milliseconds to wait for the result, and with --body for the prompt too, then rounded up to whole "

@@ -84,9 +84,7 @@ ExitCode Read(const GlobalOptions& options, const Selection& selection) {
         if (known) RestoreMessageMemories(link, selected);
         if (!done) {
             PrintWords(fmt::format("{} {}: {}", TextToUtf8(source->memory), number,
-                                   error >= 0        ? fmt::format("the handset gave error {}", error)
-                                   : record.answered ? "there is no message"
-                                                     : "the handset did not answer in time"));
+                                   WordsOfReading(record.reading, error)));
             return OperationFailed;
         }
         message = MessageToJson(record, desk.NameOf(desk.Tree().OnHandset(PlaceOfStatus(record.status))), 0);
@@ -113,6 +111,7 @@ ExitCode Delete(const GlobalOptions& options, const Selection& selection, bool s
     MessageFolders folders(desk.Tree(), desk.User(), desk);
     MessageFolder* folder = source->folder;
     std::vector<SmsRecord*> records;
+    ExitCode code = Done;
     if (folder) {
         const auto found = desk.Find(*source, selection.numbers);
         if (!found) return OperationFailed;
@@ -126,14 +125,19 @@ ExitCode Delete(const GlobalOptions& options, const Selection& selection, bool s
         const std::set<int> locations(selection.numbers.begin(), selection.numbers.end());
         for (const int location : locations) {
             auto record = std::make_unique<SmsRecord>();
-            record->storage = source->memory;
-            record->handsetIndices = {location};
-            records.push_back(&folder->Append(std::move(record)));
+            int error = -1;
+            if (record->Read(desk.Handset().Link(), source->memory, location, error)) {
+                records.push_back(&folder->Append(std::move(record)));
+                continue;
+            }
+            PrintWords(fmt::format("{} {}: {}", TextToUtf8(source->memory), location,
+                                   WordsOfReading(record->reading, error)));
+            code = OperationFailed;
         }
     }
     MessageRemoval removal(desk.Worker(), desk.Tree(), desk, *folder, records);
     desk.Run(removal);
-    return desk.Finish(desk.Report(removal, removal.Outcomes()) ? Done : OperationFailed);
+    return desk.Finish(desk.Report(removal, removal.Outcomes()) ? code : OperationFailed);
 }
 
 ExitCode Transfer(const GlobalOptions& options, const Selection& selection, const Target& to, bool move) {

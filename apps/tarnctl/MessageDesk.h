@@ -17,6 +17,9 @@
 
 namespace tarnbridge {
 
+/// Why a location wasn't read.
+std::string WordsOfReading(SmsRecord::Reading reading, int error);
+
 /// The user's messages for one run of a command: the folders of the PC out of the profile, and the handset
 /// with its mirror where it is needed. When a step fails the user has been told why.
 ///

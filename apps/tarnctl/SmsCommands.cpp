@@ -63,7 +63,7 @@ ExitCode ListLocations(Connection& connection, const std::string& memory, bool j
         ATResult result;
         if (ReadLocation(link, memory, offset + i, json, result)) continue;
         PrintWords(fmt::format("{} {}: {}", memory, offset + i,
-                               connection.Cancelled() ? "cancelled" : ExplainResult(result)));
+                               connection.Cancelled() ? "cancelled" : ExplainResult(connection.Link(), result)));
         code = OperationFailed;
         // Without an answer there is no point in asking on; an error holds for its location alone.
         if (result.lines.empty()) break;

@@ -670,6 +670,31 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Das Telefon meldet den Fehler %d.</translation>
     </message>
     <message>
+        <source>Something else stands there on the phone by now, so nothing was deleted. Read its messages again.</source>
+        <comment>MessageReplaced</comment>
+        <translation>Dort steht auf dem Telefon inzwischen etwas anderes, darum wurde nichts gelöscht. Lesen Sie seine Nachrichten noch einmal.</translation>
+    </message>
+    <message>
+        <source>This entry of the phone can't be read as a message. All you can do with it is delete it, by itself.</source>
+        <comment>MessageUnreadable</comment>
+        <translation>Dieser Eintrag des Telefons lässt sich nicht als Nachricht lesen. Sie können ihn nur löschen, und nur für sich allein.</translation>
+    </message>
+    <message>
+        <source>Not all parts of this message could be read, so it stays on the phone.</source>
+        <comment>MessageIncomplete</comment>
+        <translation>Nicht alle Teile dieser Nachricht konnten gelesen werden, darum bleibt sie auf dem Telefon.</translation>
+    </message>
+    <message>
+        <source>The phone didn't confirm it: it may have been sent all the same.</source>
+        <comment>MayBeSent</comment>
+        <translation>Das Telefon hat es nicht bestätigt: Sie kann trotzdem gesendet worden sein.</translation>
+    </message>
+    <message>
+        <source>The phone didn't confirm it: it may be stored all the same. Read its messages before you try again.</source>
+        <comment>MayBeStored</comment>
+        <translation>Das Telefon hat es nicht bestätigt: Sie kann trotzdem gespeichert sein. Lesen Sie seine Nachrichten, bevor Sie es noch einmal versuchen.</translation>
+    </message>
+    <message>
         <source>The handset doesn't answer any more.</source>
         <comment>HandsetLost</comment>
         <translation>Das Telefon antwortet nicht mehr.</translation>

@@ -177,6 +177,7 @@ bool ATChannel::ExecTwoStage(std::string_view text, std::string_view body, Milli
     result.status = ATResult::NotSent;
     const auto port = Port();
     if (!port) return false;
+    result.bodySent = false;
     Begin(*port, text, true, pduFollows, result);
     // Unlike Exec this leaves the command active and cancels nothing; the next exchange begins with a flush.
     const auto giveUp = [&](ATResult::Status status) {
@@ -191,6 +192,7 @@ bool ATChannel::ExecTwoStage(std::string_view text, std::string_view body, Milli
     Event* const answers[] = {&port->PromptEvent(), &port->BrokenOffEvent()};
     if (AwaitAny(answers, WaitTime(timeout)) != 0) return giveUp(ATResult::NoResult);
     port->SetAwaitPrompt(false);
+    result.bodySent = true;
     if (!port->Write(body)) return giveUp(ATResult::NotSent);
     // No hurry here: what was sent may be under way through the network, and is to be known.
     if (!clock_.Wait(port->ResultReadyEvent(), WaitTime(timeout))) return giveUp(ATResult::NoResult);

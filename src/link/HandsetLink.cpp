@@ -17,6 +17,7 @@ constexpr uint32_t secondsToMs = 1000;
 void NoteNotSent(ATResult& result) {
     result.lines.clear();
     result.status = ATResult::NotSent;
+    result.bodySent = false;
 }
 
 }  // namespace

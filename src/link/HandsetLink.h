@@ -156,6 +156,25 @@ public:
     /// What operations remember for the session. Only while the caller holds Lock().
     SessionState& State() { return state_; }
 
+    /// For an operation whose exchanges belong together: as long as it lives it holds the lock, and no new
+    /// session takes the place of one that ends, so that what was selected or looked at still holds. An
+    /// exchange that would need a new session fails. May stand within another one.
+    class OneSession {
+    public:
+        /// Ensures the session first, unless it stands within another one.
+        explicit OneSession(HandsetLink& link);
+        OneSession(const OneSession&) = delete;
+        OneSession& operator=(const OneSession&) = delete;
+        ~OneSession();
+
+        /// Whether it still stands.
+        explicit operator bool() const { return link_.sessionReady; }
+
+    private:
+        HandsetLink& link_;
+        const std::unique_lock<std::recursive_mutex> guard_;
+    };
+
     /// The lock that every exchange takes, recursive, for an operation of several exchanges.
     std::unique_lock<std::recursive_mutex> Lock() { return std::unique_lock(lock); }
 
@@ -173,6 +192,7 @@ private:
     void CallAttention();
     bool WakeUp();
     bool SetUp();
+    void HandBack(bool allowSleep);
     bool Step(const std::function<void()>& ask);
     uint32_t Patience(uint32_t timeoutMs) const;
     void ProbeMessageStore();
@@ -195,6 +215,8 @@ private:
     // The handset may still say something that answers an earlier command. StopTransfer sets it without lock.
     std::atomic<bool> outOfStep_{false};
     bool mayAwaitBody_ = false;  // the handset may take what is sent for the body of a message
+    int sessionsHeld_ = 0;       // by OneSession
+    bool isWoken_ = false;       // by the last handshake
     bool sleeps_ = false;        // it may sleep: what it doesn't answer means nothing
     size_t nextProbe_ = 0;
     Milliseconds roundTrip_{0};  // of the last probe

@@ -76,15 +76,27 @@ bool HandsetLink::EnsureSession() {
         return false;
     }
     if (sessionReady) return true;
+    if (sessionsHeld_ > 0) return false;
     const bool made = Handshake();
     sleeps_ = false;
     if (made) {
         ++sessionNumber_;
         sessionReady = true;
     } else {
+        // What the user broke off is undone; a handset that refused is left as it is.
+        if (channel_.IsHurried() && isWoken_) HandBack(true);
         EndSession();
     }
     return made;
+}
+
+HandsetLink::OneSession::OneSession(HandsetLink& link) : link_(link), guard_(link.Lock()) {
+    link.EnsureSession();
+    ++link.sessionsHeld_;
+}
+
+HandsetLink::OneSession::~OneSession() {
+    --link_.sessionsHeld_;
 }
 
 /// After an exchange without its final result: throws away what still comes, until a probe gets its own
@@ -133,7 +145,8 @@ uint32_t HandsetLink::Patience(uint32_t timeoutMs) const {
 bool HandsetLink::Handshake() {
     roundTrip_ = Milliseconds::zero();
     CallAttention();
-    if (!WakeUp()) return false;
+    isWoken_ = WakeUp();
+    if (!isWoken_) return false;
 
     // What the handset did not answer while it slept may be answered now, or never.
     sleeps_ = false;
@@ -310,13 +323,15 @@ bool HandsetLink::SelectCached(std::u16string& current, const std::u16string& na
     return selected;
 }
 
+void HandsetLink::HandBack(bool allowSleep) {
+    ATResult ignored;
+    SendRawCommand("ATE1\r", commandTimeout, ignored);
+    if (allowSleep) SendRawCommand("AT+ESLP=1\r", commandTimeout, ignored);
+}
+
 void HandsetLink::Disconnect(bool allowSleep) {
     const std::lock_guard guard(lock);
-    if (sessionReady) {
-        ATResult ignored;
-        SendRawCommand("ATE1\r", commandTimeout, ignored);
-        if (allowSleep) SendRawCommand("AT+ESLP=1\r", commandTimeout, ignored);
-    }
+    if (sessionReady) HandBack(allowSleep);
     channel_.Close();
     EndSession();
     portOpen = false;

@@ -8,8 +8,9 @@ namespace tarnbridge {
 
 void MemoryTask::Enter(Next next) {
     Do(
-        [selected = selected_](HandsetLink& link, int&) {
-            if (!link.EnsureSession()) return 0;
+        [selected = selected_, lost = GetLostFlag()](HandsetLink& link, int&) {
+            *lost = !link.EnsureSession();
+            if (*lost) return 0;
             MemorySelection names;
             if (GetMessageMemories(link, names)) *selected = names;
             return 1;

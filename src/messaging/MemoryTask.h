@@ -13,7 +13,8 @@ class MemoryTask : public HandsetTask {
 protected:
     using HandsetTask::HandsetTask;
 
-    /// The first job: makes the session and notes what is selected. Its result tells whether there is one.
+    /// The first job: makes the session and notes what is selected. Its result tells whether there is one;
+    /// without one the handset is lost.
     void Enter(Next next);
 
     /// The last one, unless the handset is lost; then the task ends.

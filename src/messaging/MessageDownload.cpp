@@ -1,5 +1,6 @@
 #include "messaging/MessageDownload.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/base/StringTable.h"
@@ -7,38 +8,34 @@
 #include "messaging/JoinParts.h"
 
 namespace tarnbridge {
-namespace {
-
-constexpr int emptyLocation = 321;  // 3GPP TS 27.005 clause 3.2.5: invalid memory index
-
-}  // namespace
-
 MessageDownload::MessageDownload(BackgroundWorker& worker, MessageTree tree, std::u16string only)
     : MemoryTask(worker), tree_(tree), only_(std::move(only)), memories_(std::make_shared<Memories>()) {}
 
 void MessageDownload::Begin() {
     Enter([this](int ready, int) {
-        if (ready) {
+        if (ready)
             AskMemories();
-        } else {
-            report_.noMemory = true;
+        else
             End();
-        }
     });
 }
 
 void MessageDownload::AskMemories() {
     Do(
-        [memories = memories_, only = only_](HandsetLink& link, int&) {
+        [memories = memories_, only = only_, lost = GetLostFlag()](HandsetLink& link, int&) {
+            const unsigned session = link.SessionNumber();
             Ask(link, only, *memories);
+            *lost = !link.IsSessionReady() || link.SessionNumber() != session;
             return 1;
         },
         [this](int, int) {
-            if (memories_->listed.empty()) {
-                report_.noMemory = true;
+            report_.refused = memories_->refused;
+            if (memories_->listed.empty() || LostHandset()) {
+                report_.noMemory = report_.refused.empty() && !LostHandset();
                 Leave();
                 return;
             }
+            NoteUnread();
             for (const MessagePlace place : handsetPlaces)
                 tree_.OnHandset(place).RemoveRecords();
             ReadNext();
@@ -46,14 +43,20 @@ void MessageDownload::AskMemories() {
 }
 
 void MessageDownload::Ask(HandsetLink& link, const std::u16string& only, Memories& memories) {
-    MemoryUsage usage;
-    if (link.Features().hasSimMemory) {
-        const bool known = QueryMessageMemory(link, u"SM", usage);
-        memories.simOffset = known ? usage.total : 0;
-        if (known && (only.empty() || only == u"SM")) memories.listed.push_back({u"SM", usage});
-    }
-    if ((only.empty() || only == u"ME") && QueryMessageMemory(link, u"ME", usage))
-        memories.listed.push_back({u"ME", usage});
+    const auto ask = [&](const char16_t* name) {
+        MemoryUsage usage;
+        const bool known = QueryMessageMemory(link, name, usage);
+        const bool wanted = only.empty() || only == name;
+        if (wanted && known) memories.listed.push_back({name, usage});
+        if (wanted && !known) memories.refused.emplace_back(name);
+        return usage.total;
+    };
+    const HandsetFeatures features = link.Features();
+    // One that tells of no memories may have them all the same.
+    const bool toldNone = !features.hasSimMemory && !features.hasMeStore;
+    if (features.hasSimMemory || toldNone) memories.simOffset = ask(u"SM");
+    if ((features.hasMeStore || toldNone) && (only.empty() || only == u"ME")) ask(u"ME");
+    if (toldNone) memories.refused.clear();
 }
 
 void MessageDownload::ReadNext() {
@@ -66,40 +69,72 @@ void MessageDownload::ReadNext() {
         Finish();
         return;
     }
-    const std::u16string& name = listed[memory_].name;
     ++location_;
     int total = 0;
     for (const Memory& memory : listed)
         total += memory.usage.total;
-    Show({done_++, total, Words(Word::ReadingMessagesFrom, {MemoryWords(name)})});
+    Show({done_++, total, Words(Word::ReadingMessagesFrom, {MemoryWords(listed[memory_].name)})});
+    ReadLocation(false);
+}
+
+void MessageDownload::ReadLocation(bool again) {
+    const std::u16string& name = memories_->listed[memory_].name;
     const int index = location_ + (name == u"ME" ? memories_->simOffset : 0);
     const auto record = std::make_shared<SmsRecord>();
     Do(
         [record, name, index, lost = GetLostFlag()](HandsetLink& link, int& error) {
             const bool read = record->Read(link, name, index, error);
-            // An empty location says so; after silence there is no point in going on if nobody is there.
-            if (!read && !record->answered) *lost = !link.Ping();
+            // After silence there is no point in going on if nobody is there.
+            if (record->reading == SmsRecord::Reading::NoAnswer) *lost = !link.Ping();
             return read ? 1 : 0;
         },
-        [this, record, name, index](int read, int error) {
+        [this, record, name, index, again](int read, int error) {
+            const bool unanswered = record->reading == SmsRecord::Reading::NoAnswer;
+            if (unanswered && !again && !LostHandset() && !WasCancelled()) {
+                ReadLocation(true);
+                return;
+            }
             if (read)
                 Store(*record);
-            else if (!record->answered || (error >= 0 && error != emptyLocation))
-                report_.unread.push_back({name, index, error});
+            else if (record->reading != SmsRecord::Reading::Empty)
+                report_.unread.push_back({name, index, error, !unanswered});
             ReadNext();
         },
         BackgroundWorker::ReadMessage, index);
 }
 
+/// What the mirror holds unread, which a second reading finds as read.
+void MessageDownload::NoteUnread() {
+    for (const MessagePlace place : handsetPlaces) {
+        MessageFolder& folder = tree_.OnHandset(place);
+        const std::lock_guard guard(folder.lock);
+        for (const auto& record : folder.records) {
+            if (record->status == smsUnread)
+                unreadPdus_.insert(record->handsetPdus.begin(), record->handsetPdus.end());
+        }
+    }
+}
+
 void MessageDownload::Store(SmsRecord& record) {
+    ++found_;
+    if (record.status == smsRead && unreadPdus_.contains(record.handsetPdus.front()))
+        record.status = smsUnread;
     tree_.OnHandset(PlaceOfStatus(record.status)).Append(std::make_unique<SmsRecord>(std::move(record)));
 }
 
 void MessageDownload::Finish() {
+    int used = 0;
+    for (const Memory& memory : memories_->listed)
+        used += memory.usage.used;
+    const bool toTheEnd = memory_ == memories_->listed.size();
+    if (toTheEnd) report_.missing = std::max(0, used - found_ - static_cast<int>(report_.unread.size()));
+    const bool whole = toTheEnd && report_.missing == 0 && report_.refused.empty() && report_.unread.empty();
     for (const MessagePlace place : handsetPlaces) {
         MessageFolder& folder = tree_.OnHandset(place);
         const std::lock_guard guard(folder.lock);
         JoinParts(folder.records);
+        for (const auto& record : folder.records)
+            record->mayHaveMoreParts = !whole && record->LacksParts();
         report_.messages += static_cast<int>(folder.records.size());
     }
     Leave();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "messaging/MemoryTask.h"
@@ -9,9 +10,10 @@
 namespace tarnbridge {
 
 /// Reads every location of the handset's message memories into the mirror, one job and one exchange each, and
-/// joins the parts of long messages. A location that can't be read doesn't stop it. What the mirror held goes
-/// when the handset has told its memories. A cancel, or a handset that is lost on the way, leaves what was
-/// read, joined.
+/// joins the parts of long messages. A location that can't be read doesn't stop it, and one that wasn't
+/// answered is asked once more. What the mirror held goes when the handset has told its memories; a message
+/// that was unread there, and still stands where it stood, stays unread although reading it has made it a
+/// read one for the handset. A cancel, or a handset that is lost on the way, leaves what was read, joined.
 class MessageDownload : public MemoryTask {
 public:
     /// A location that couldn't be read although the handset has it.
@@ -19,12 +21,15 @@ public:
         std::u16string memory;
         int location = 0;
         int error = -1;
+        bool answered = false;  ///< whether the handset said anything
     };
 
     /// What came of it, from the end on.
     struct Report {
-        bool noMemory = false;  ///< the handset told of no memory: the mirror is as it was
-        int messages = 0;       ///< in the mirror, joined
+        bool noMemory = false;                ///< the handset told of no memory: the mirror is as it was
+        int messages = 0;                     ///< in the mirror, joined
+        int missing = 0;                      ///< how many locations fewer were found than the handset counts
+        std::vector<std::u16string> refused;  ///< memories that the handset has and didn't open
         std::vector<Unread> unread;
     };
 
@@ -41,6 +46,7 @@ private:
     /// What is to be read.
     struct Memories {
         std::vector<Memory> listed;
+        std::vector<std::u16string> refused{};
         int simOffset = 0;
     };
 
@@ -48,6 +54,8 @@ private:
     void AskMemories();
     static void Ask(HandsetLink& link, const std::u16string& only, Memories& memories);
     void ReadNext();
+    void ReadLocation(bool again);
+    void NoteUnread();
     void Store(SmsRecord& record);
     void Finish();
 
@@ -57,6 +65,8 @@ private:
     size_t memory_ = 0;
     int location_ = 0;  // in the memory, from 1
     int done_ = 0;
+    int found_ = 0;                               // locations that hold something
+    std::unordered_set<std::string> unreadPdus_;  // of the mirror as it was
     Report report_;
 };
 

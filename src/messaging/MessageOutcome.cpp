@@ -20,6 +20,8 @@ std::u16string Line(const MessageOutcome& outcome) {
     std::u16string line = u"\n" + outcome.title;
     if (outcome.error >= 0) line += u"\n" + Words(Word::HandsetError, {outcome.error});
     if (!outcome.leftBehind.empty()) line += u"\n" + Words(Word::LocationsLeft, {ListOf(outcome.leftBehind)});
+    if (outcome.unconfirmed)
+        line += u"\n" + Words(outcome.words == Word::SendFailed ? Word::MayBeSent : Word::MayBeStored);
     if (outcome.keptInDraft) line += u"\n" + Words(Word::CopyKeptInDraft);
     return line;
 }

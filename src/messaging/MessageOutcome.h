@@ -20,6 +20,8 @@ struct MessageOutcome {
     int error = -1;               ///< of a failure: the handset's number, if it gave one
     std::vector<int> leftBehind;  ///< locations of the handset that may still hold parts of it
     bool keptInDraft = false;     ///< a copy lies in the PC's Draft for a failure's sake
+    /// It was sent or written, for all that is known, but the handset didn't say so.
+    bool unconfirmed = false;
 };
 
 /// Address and time of a message, or the locations of one that isn't known further.

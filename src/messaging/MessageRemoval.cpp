@@ -45,6 +45,12 @@ void MessageRemoval::Next() {
         return;
     }
     MessageOutcome& outcome = outcomes_[current_];
+    if (records_[current_]->unreadable && records_.size() > 1) {
+        outcome.Fail(Word::MessageUnreadable);
+        ++current_;
+        Next();
+        return;
+    }
     SmsRecord& source = *records_[current_];
     Show({static_cast<int>(current_), static_cast<int>(outcomes_.size()), outcome.title});
     const auto work = std::make_shared<SmsRecord>(source);
@@ -54,8 +60,10 @@ void MessageRemoval::Next() {
                TakeRecords(folder_, {&source});
                outcome.state = MessageOutcome::State::Done;
            } else {
-               source.handsetIndices = work->leftBehind;
-               outcome.Fail(Word::MessageNotDeleted, error, work->leftBehind);
+               source.handsetIndices = work->handsetIndices;
+               source.handsetPdus = work->handsetPdus;
+               outcome.Fail(work->replaced ? Word::MessageReplaced : Word::MessageNotDeleted, error,
+                            work->leftBehind);
            }
            ++current_;
            Next();

@@ -8,8 +8,9 @@
 
 namespace tarnbridge {
 
-/// Deletes messages of a folder. Those of the handset are deleted there, one job each; those of the PC go to
-/// the trash can, and in the trash can they are destroyed: without the handset, when Start returns.
+/// Deletes messages of a folder. Those of the handset are deleted there, one job each, if they still stand
+/// where they were read; what can't be read as a message only where it is the one record. Those of the PC go
+/// to the trash can, and in the trash can they are destroyed: without the handset, when Start returns.
 class MessageRemoval : public MemoryTask {
 public:
     /// The folder stays where it is until the end, and nobody else destroys the records.

@@ -41,13 +41,17 @@ void MessageSending::Begin() {
 
 void MessageSending::Next() {
     if (current_ == items_.size() || WasCancelled() || LostHandset()) {
-        FinishAll();
+        End();
         return;
     }
     Show({static_cast<int>(current_), static_cast<int>(items_.size()), items_[current_].outcome.title});
     const Item& item = items_[current_];
+    if (item.record != items_[first_].record) {
+        first_ = current_;
+        partly_ = nullptr;
+    }
     if (item.number.empty()) {
-        first_ = ++current_;
+        ++current_;
         Next();
         return;
     }
@@ -55,56 +59,49 @@ void MessageSending::Next() {
     Do(OrLose([work](HandsetLink& link, int& error) {
            return work->EnsureEmsMessage() && work->Send(link, error) ? 1 : 0;
        }),
-       [this](int sent, int error) { Sent(sent != 0, error); });
+       [this, work](int sent, int error) {
+           items_[current_].outcome.unconfirmed = work->unconfirmed;
+           Sent(sent != 0, error);
+       });
 }
 
 void MessageSending::Sent(bool done, int error) {
     MessageOutcome& outcome = items_[current_].outcome;
-    if (done)
+    if (done) {
         outcome.state = MessageOutcome::State::Done;
-    else
+        KeepSent();
+    } else {
         outcome.Fail(Word::SendFailed, error);
-    ++current_;
-    if (current_ == items_.size() || items_[current_].record != items_[first_].record) {
-        FinishRecord(first_, current_);
-        first_ = current_;
     }
+    ++current_;
     Next();
 }
 
-void MessageSending::FinishRecord(size_t first, size_t end) {
+/// Divides the record under way between the numbers that it has reached and the others.
+void MessageSending::KeepSent() {
     std::vector<std::string> sent;
     std::vector<std::string> left;
-    for (size_t i = first; i < end; ++i)
+    for (size_t i = first_; i < items_.size() && items_[i].record == items_[first_].record; ++i)
         (items_[i].outcome.state == MessageOutcome::State::Done ? sent : left).push_back(items_[i].number);
-    if (sent.empty()) return;
-    MessageFolder& folder = *items_[first].folder;
-    SmsRecord& record = *items_[first].record;
-    const bool whole = left.empty() && !tree_.IsOnHandset(folder);
-    MessageFolder::RecordList taken;
-    if (whole)
-        taken = TakeRecords(folder, {&record});
-    else
-        taken.push_back(std::make_unique<SmsRecord>(record));
-    if (taken.empty()) return;
-    SmsRecord& kept = *taken.front();
-    kept.storage = u"PC";
-    kept.status = smsSentFromHere;
-    kept.timestamp = SmsTimestamp::FromLocal(clock_.Local());
-    if (!whole) kept.address.number = Join(sent);
-    if (!whole && !tree_.IsOnHandset(folder)) record.address.number = Join(left);
-    tree_.OnPc(sentPlace).Append(std::move(taken.front()));
-    keeper_.PcFoldersChanged();
-}
-
-void MessageSending::FinishAll() {
-    if (current_ < items_.size() && first_ < current_) {
-        size_t end = current_;
-        while (end < items_.size() && items_[end].record == items_[first_].record)
-            ++end;
-        FinishRecord(first_, end);
+    MessageFolder& folder = *items_[first_].folder;
+    MessageFolder& sentFolder = tree_.OnPc(sentPlace);
+    SmsRecord& record = *items_[first_].record;
+    const bool atOnce = left.empty() && !partly_;
+    if (left.empty() && !tree_.IsOnHandset(folder)) {
+        MessageFolder::RecordList taken = TakeRecords(folder, {&record});
+        if (partly_) TakeRecords(sentFolder, {partly_});
+        if (!taken.empty()) partly_ = &sentFolder.Append(std::move(taken.front()));
+    } else {
+        if (!partly_) partly_ = &sentFolder.Append(std::make_unique<SmsRecord>(record));
+        if (!tree_.IsOnHandset(folder)) record.address.number = Join(left);
     }
-    End();
+    if (!partly_) return;
+    if (!atOnce) partly_->address.number = Join(sent);
+    partly_->storage = u"PC";
+    partly_->status = smsSentFromHere;
+    partly_->timestamp = SmsTimestamp::FromLocal(clock_.Local());
+    keeper_.PcFoldersChanged();
+    keeper_.SaveNow();
 }
 
 std::optional<std::vector<MessageSending::Waiting>> CollectOutbox(const MessageTree& tree,

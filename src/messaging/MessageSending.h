@@ -17,7 +17,7 @@ inline constexpr size_t mostMessagesToSend = 1200;  ///< in one go
 /// numbers in each; nothing is tried twice. A message that reached all of its numbers goes from its PC folder
 /// to the PC's "Sent Message". Of one that reached some of them a copy for these goes there, and the message
 /// stays for the others; so it is with what a cancel left out. A message of the handset stays there, and a
-/// copy goes.
+/// copy goes. Each number that was reached is on the disk as such before the next one is tried.
 class MessageSending : public HandsetTask {
 public:
     /// One message to one number; one without any number is an item that has failed from the beginning.
@@ -45,15 +45,15 @@ private:
     void Begin() override;
     void Next();
     void Sent(bool done, int error);
-    void FinishRecord(size_t first, size_t end);
-    void FinishAll();
+    void KeepSent();
 
     const MessageTree tree_;
     MessageKeeper& keeper_;
     Clock& clock_;
     std::vector<Item> items_;
     size_t current_ = 0;
-    size_t first_ = 0;  // item of the record under way
+    size_t first_ = 0;             // item of the record under way
+    SmsRecord* partly_ = nullptr;  // its copy for the numbers that it has reached
 };
 
 /// What "Send all messages" sends: all of the PC's Outbox, after the user has said so. Nothing where he

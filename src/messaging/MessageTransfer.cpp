@@ -1,7 +1,6 @@
 #include "messaging/MessageTransfer.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "link/HandsetLink.h"
@@ -29,8 +28,7 @@ MessageTransfer::MessageTransfer(BackgroundWorker& worker, MessageTree tree, Mes
       fromHandset_(tree.IsOnHandset(*request_.from)),
       toHandset_(tree.IsOnHandset(*request_.to)),
       outcomes_(request_.records.size()),
-      place_(tree.PlaceOnHandset(*request_.to)),
-      copies_(request_.records.size()) {}
+      place_(tree.PlaceOnHandset(*request_.to)) {}
 
 void MessageTransfer::Begin() {
     for (size_t i = 0; i < outcomes_.size(); ++i) {
@@ -47,12 +45,10 @@ void MessageTransfer::Begin() {
         return;
     }
     Enter([this](int ready, int) {
-        if (!ready)
-            FailAll(Word::HandsetLost);
-        else if (toHandset_ || CopyToPc())
+        if (ready)
             Next();
         else
-            FailAll(Word::MessageNotSaved);
+            FailAll(Word::HandsetLost);
     });
 }
 
@@ -74,16 +70,25 @@ void MessageTransfer::TransferOnPc() {
     pcChanged_ = true;
 }
 
-/// Whether the copies are where they can be relied on.
-bool MessageTransfer::CopyToPc() {
-    for (size_t i = 0; i < copies_.size(); ++i) {
-        const SmsRecord* const source = request_.records[i];
-        if (!Holds(*request_.from, source)) continue;
-        copies_[i] = &request_.to->Append(PcCopy(*source));
-        if (!request_.move) outcomes_[i].state = MessageOutcome::State::Done;
+void MessageTransfer::CopyToPc() {
+    for (current_ = 0; current_ < outcomes_.size(); ++current_) {
+        const SmsRecord* const source = request_.records[current_];
+        if (!Holds(*request_.from, source) || !MayGo(*source)) continue;
+        stored_.push_back(&request_.to->Append(PcCopy(*source)));
+        outcomes_[current_].state = MessageOutcome::State::Done;
     }
     pcChanged_ = true;
-    return !request_.move || keeper_.SaveNow();
+}
+
+/// Whether the message can be copied or moved; its outcome says why it can't.
+bool MessageTransfer::MayGo(const SmsRecord& source) {
+    if (source.unreadable)
+        outcomes_[current_].Fail(Word::MessageUnreadable);
+    else if (request_.move && source.mayHaveMoreParts)
+        outcomes_[current_].Fail(Word::MessageIncomplete);
+    else
+        return true;
+    return false;
 }
 
 void MessageTransfer::Next() {
@@ -95,25 +100,35 @@ void MessageTransfer::Next() {
     }
     Show({static_cast<int>(current_), static_cast<int>(outcomes_.size()), outcomes_[current_].title});
     SmsRecord& source = *request_.records[current_];
-    if (!toHandset_)
-        DeleteSource(source);
+    if (!MayGo(source))
+        GoOn();
+    else if (!toHandset_)
+        MoveToPc(source);
     else if (fromHandset_ && request_.move)
         UpdateOnHandset(source);
     else
         WriteToHandset(source);
 }
 
-void MessageTransfer::DeleteSource(SmsRecord& source) {
+void MessageTransfer::MoveToPc(SmsRecord& source) {
+    SmsRecord& copy = request_.to->Append(PcCopy(source));
+    if (!keeper_.SaveNow()) {
+        TakeRecords(*request_.to, {&copy});
+        Failed(Word::MessageNotSaved, -1);
+        return;
+    }
+    stored_.push_back(&copy);
     const auto work = std::make_shared<SmsRecord>(source);
     Do(OrLose([work](HandsetLink& link, int& error) { return work->Remove(link, error) ? 1 : 0; }),
        [this, work, &source](int done, int error) {
            if (done && work->leftBehind.empty()) {
                TakeRecords(*request_.from, {&source});
                Done();
-           } else {
-               source.handsetIndices = work->leftBehind;
-               Failed(Word::MessageNotDeleted, error, work->leftBehind);
+               return;
            }
+           source.handsetIndices = work->handsetIndices;
+           source.handsetPdus = work->handsetPdus;
+           Failed(work->replaced ? Word::MessageReplaced : Word::MessageNotDeleted, error, work->leftBehind);
        });
 }
 
@@ -129,7 +144,7 @@ bool MessageTransfer::Prepare(Work& work, MessagePlace place, HandsetLink& link)
 }
 
 void MessageTransfer::WriteToHandset(SmsRecord& source) {
-    const WorkPointer work(new Work{source});
+    const auto work = std::make_shared<Work>(Work{source});
     Do(OrLose([work, place = place_, memory = request_.memory](HandsetLink& link, int& error) {
            work->written = Prepare(*work, place, link) && work->record.Write(link, memory, error);
            work->record.SettleParts();
@@ -137,6 +152,7 @@ void MessageTransfer::WriteToHandset(SmsRecord& source) {
        }),
        [this, work, &source](int written, int error) {
            if (!written) {
+               outcomes_[current_].unconfirmed = work->record.unconfirmed;
                Failed(Word::MessageNotWritten, error, work->record.leftBehind);
                return;
            }
@@ -144,6 +160,7 @@ void MessageTransfer::WriteToHandset(SmsRecord& source) {
            if (request_.move) {
                TakeRecords(*request_.from, {&source});
                pcChanged_ = true;
+               keeper_.SaveNow();
            }
            Done();
        });
@@ -158,47 +175,49 @@ void MessageTransfer::UpdateOnHandset(SmsRecord& source) {
         Failed(Word::MessageNotSaved, -1);
         return;
     }
-    const WorkPointer work(new Work{source});
+    const auto work = std::make_shared<Work>(Work{source, source});
     Do(OrLose([work, place = place_, memory = request_.memory](HandsetLink& link, int& error) {
            SmsRecord& record = work->record;
-           work->remaining = record.handsetIndices;
+           SmsRecord& old = work->old;
            if (!Prepare(*work, place, link)) return 0;
            if (memory.empty() || memory == record.storage) {
-               work->written = record.Update(link, error);
-               work->remaining = work->written ? record.leftBehind : record.handsetIndices;
+               work->written = record.Update(link, old, error);
            } else {
                // There is room for both elsewhere: nothing is deleted before it is written.
-               SmsRecord old = record;
                work->written = record.Write(link, memory, error);
-               if (work->written) {
-                   old.Remove(link, error);
-                   work->remaining = old.leftBehind;
-               }
+               if (work->written) old.Remove(link, error);
            }
            record.SettleParts();
-           return work->written && work->remaining.empty() ? 1 : 0;
+           return work->written && old.handsetIndices.empty() ? 1 : 0;
        }),
        [this, work, &source, &kept](int, int error) { Updated(source, kept, *work, error); });
 }
 
 void MessageTransfer::Updated(SmsRecord& source, SmsRecord& kept, Work& work, int error) {
-    std::vector<int> leftBehind = work.record.leftBehind;
-    const bool deleted = work.remaining.empty();
+    const bool deleted = work.old.handsetIndices.empty();
     const bool written = work.written;
+    std::vector<int> leftBehind = work.old.handsetIndices;
+    leftBehind.insert(leftBehind.end(), work.record.leftBehind.begin(), work.record.leftBehind.end());
+    outcomes_[current_].unconfirmed = work.record.unconfirmed;
     if (written) {
         KeepInMirror(work);
         TakeRecords(tree_.OnPc(draftPlace), {&kept});
     } else {
         outcomes_[current_].keptInDraft = true;
     }
-    if (deleted)
+    if (deleted) {
         TakeRecords(*request_.from, {&source});
-    else
-        source.handsetIndices = leftBehind = work.remaining;
+    } else {
+        source.handsetIndices = std::move(work.old.handsetIndices);
+        source.handsetPdus = std::move(work.old.handsetPdus);
+    }
+    const Word failure = work.old.replaced ? Word::MessageReplaced
+                         : written         ? Word::MessageNotDeleted
+                                           : Word::MessageNotUpdated;
     if (written && deleted)
         Done();
     else
-        Failed(written ? Word::MessageNotDeleted : Word::MessageNotUpdated, error, std::move(leftBehind));
+        Failed(failure, error, std::move(leftBehind));
 }
 
 void MessageTransfer::KeepInMirror(Work& work) {
@@ -228,20 +247,7 @@ void MessageTransfer::GoOn() {
     Next();
 }
 
-/// A message that was copied to the PC only to be moved isn't there when its move hasn't begun.
 void MessageTransfer::Finish() {
-    if (request_.move && fromHandset_ && !toHandset_) {
-        std::vector<SmsRecord*> unused;
-        for (size_t i = 0; i < copies_.size(); ++i) {
-            const MessageOutcome& outcome = outcomes_[i];
-            const bool begun =
-                outcome.state != MessageOutcome::State::NotTried && outcome.words != Word::MessageNotSaved;
-            if (copies_[i] && !begun) unused.push_back(std::exchange(copies_[i], nullptr));
-        }
-        TakeRecords(*request_.to, unused);
-    }
-    std::copy_if(copies_.begin(), copies_.end(), std::back_inserter(stored_),
-                 [](const SmsRecord* copy) { return copy != nullptr; });
     if (pcChanged_) keeper_.PcFoldersChanged();
     Leave();
 }

@@ -15,8 +15,9 @@ namespace tarnbridge {
 ///
 /// Nothing is deleted before what replaces it is safe: a message that leaves the handset is first on the
 /// PC's disk, and one that is stored anew on the handset is kept in the PC's Draft until that has succeeded;
-/// after a failure that copy stays. What wasn't tried because of a cancel, or because the handset stopped
-/// answering, is as it was.
+/// after a failure that copy stays. What has been done is on the disk before the next message is begun. What
+/// wasn't tried because of a cancel, or because the handset stopped answering, is as it was. So is what can't
+/// be read as a message, and what would leave the handset while a part of it may still stand there unread.
 class MessageTransfer : public MemoryTask {
 public:
     struct Request {
@@ -43,17 +44,17 @@ private:
     /// A record on its way to the handset, shared with the job that writes it.
     struct Work {
         SmsRecord record;
+        SmsRecord old{};  ///< its source on the handset, with the locations that it still has
         bool wentToDraft = false;
         bool written = false;
-        std::vector<int> remaining{};  ///< locations that the source still has
     };
-    using WorkPointer = std::shared_ptr<Work>;
 
     void Begin() override;
     void TransferOnPc();
-    bool CopyToPc();
+    void CopyToPc();
     void Next();
-    void DeleteSource(SmsRecord& source);
+    bool MayGo(const SmsRecord& source);
+    void MoveToPc(SmsRecord& source);
     void WriteToHandset(SmsRecord& source);
     void UpdateOnHandset(SmsRecord& source);
     void Updated(SmsRecord& source, SmsRecord& kept, Work& work, int error);
@@ -72,7 +73,6 @@ private:
     const bool toHandset_;
     std::vector<MessageOutcome> outcomes_;
     MessagePlace place_ = draftPlace;  // on the handset, where they go
-    std::vector<SmsRecord*> copies_;   // on the PC, of the messages that leave the handset, by item
     std::vector<SmsRecord*> stored_;
     size_t current_ = 0;
     bool pcChanged_ = false;

@@ -57,6 +57,11 @@ std::optional<uint32_t> SmsRecord::ConcatKey() const {
            static_cast<unsigned>(element->sequence) << 24;
 }
 
+bool SmsRecord::LacksParts() const {
+    const auto element = FindConcat(userDataHeader);
+    return element && static_cast<size_t>(element->total) > rawParts.size();
+}
+
 bool SmsRecord::MergeFrom(const SmsRecord& other, const CodePage& page) {
     if (other.handsetIndices.empty()) return false;
     handsetIndices.push_back(other.handsetIndices.front());

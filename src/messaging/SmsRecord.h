@@ -78,6 +78,9 @@ public:
     /// reference its low octet. Nothing if the header has no concatenation element that counts.
     std::optional<uint32_t> ConcatKey() const;
 
+    /// Whether the header tells of more parts than there are.
+    bool LacksParts() const;
+
     /// Appends the first location, the first raw part and the text of a later part. False, with nothing done,
     /// if it has no location.
     bool MergeFrom(const SmsRecord& other, const CodePage& page = CodePage::System());
@@ -109,8 +112,17 @@ public:
     // return false, or -1, on failure; `error` is then the number of `+CMS ERROR` if there was one, otherwise
     // -1, and `leftBehind` names the locations that may still hold parts which should be gone.
 
-    /// Fills the record from a location. A PDU that can't be decoded leaves what could be filled, and is no
-    /// failure; an empty location is one. `answered` tells whether the handset said anything.
+    /// What the last Read found.
+    enum class Reading {
+        Found,    ///< a message, or something unreadable
+        Empty,    ///< nothing stands there
+        Refused,  ///< the handset didn't give it
+        NoAnswer  ///< the handset said nothing
+    };
+
+    /// Fills the record from a location; an empty one is a failure too, as `reading` tells. A PDU that can't
+    /// be decoded, or is shorter than the handset says, makes the record unreadable. A message that was
+    /// written here has no time of its own and gets none.
     bool Read(HandsetLink& link, std::u16string_view from, int index, int& error) override;
 
     /// Stores the message and takes its locations and its storage from the handset. Without an EmsMessage it
@@ -128,13 +140,15 @@ public:
     /// rawParts are as after Write.
     virtual bool Send(HandsetLink& link, int& error);
 
-    /// Frees all locations of the record; true if it has none. After a failure handsetIndices are those that
-    /// weren't freed.
+    /// Frees all locations of the record; true if it has none. Where its PDUs are known each location is read
+    /// first, and nothing is deleted if one of them holds anything else: `replaced` tells. handsetIndices are
+    /// then those that weren't freed.
     bool Delete(HandsetLink& link, std::u16string_view from, int& error);
 
-    /// Delete, then Write, both on the record's own storage. Between the two the message exists in memory
-    /// alone: the caller keeps a copy on the disk until it is done.
-    bool Update(HandsetLink& link, int& error);
+    /// Deletes `old`, which is this record as it stands on the handset, then writes this one to the same
+    /// storage. Between the two the message exists in memory alone: the caller keeps a copy on the disk until
+    /// it is done. The locations that are left of the old one are then `old`'s.
+    bool Update(HandsetLink& link, SmsRecord& old, int& error);
 
     /// One PDU, as an SMS-SUBMIT, into the network (`+CMGS`).
     bool SendPdu(HandsetLink& link, int& error);
@@ -149,11 +163,15 @@ public:
     /// record is no message: it is shown with that text, and is never joined, copied, moved or sent.
     std::optional<std::string> unreadable;
     std::vector<int> leftBehind;  ///< of the operation that was carried out last
-    bool answered = false;        ///< of the last Read
-    std::string text8;            ///< local 8-bit text, while dcs isn't 8
-    std::u16string text16;        ///< the text while dcs is 8
-    std::string userDataHeader;   ///< of a single PDU, without its length octet
-    std::u16string storage;       ///< "SM", "ME" or "MT"
+    Reading reading = Reading::Empty;
+    bool replaced = false;     ///< of the last Delete
+    bool unconfirmed = false;  ///< the last Write or Send failed for want of an answer to what was sent
+    /// A part is missing, and the reading that found the others wasn't whole: it may stand on the handset.
+    bool mayHaveMoreParts = false;
+    std::string text8;           ///< local 8-bit text, while dcs isn't 8
+    std::u16string text16;       ///< the text while dcs is 8
+    std::string userDataHeader;  ///< of a single PDU, without its length octet
+    std::u16string storage;      ///< "SM", "ME" or "MT"
     int status = smsUnread;
     SmsAddress serviceCentre;
     SmsAddress address;
@@ -189,6 +207,7 @@ private:
     bool WritePlain(HandsetLink& link, std::u16string_view to, int& error);
     bool WriteEms(HandsetLink& link, std::u16string_view to, int& error);
     void GiveUpWrite(HandsetLink& link, std::u16string_view from);
+    bool StandsAsKnown(HandsetLink& link, int& error);
     Payload TakePayload(const CodePage& page);
     void WriteUserData(PduBuffer& buffer, const Payload& payload) const;
     void ReadUserData(PduBuffer& buffer);

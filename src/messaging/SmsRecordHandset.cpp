@@ -1,6 +1,7 @@
 // The operations of SmsRecord on the handset (3GPP TS 27.005, clauses 3.4, 3.5 and 4).
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
 
 #include <fmt/format.h>
@@ -11,6 +12,7 @@
 #include "messaging/ReferenceCounters.h"
 #include "messaging/SmsRecord.h"
 #include "messaging/ems/EmsMessage.h"
+#include "platform/Text.h"
 
 namespace tarnbridge {
 namespace {
@@ -36,6 +38,57 @@ int WriteStatOf(int status, bool canStoreReceived) {
         default:
             return 0;
     }
+}
+
+constexpr int emptyLocation = 321;  // 3GPP TS 27.005 clause 3.2.5: invalid memory index
+
+/// What AT+CMGR gives of a location.
+struct StoredPdu {
+    std::string text;  ///< as it came; not always hexadecimal
+    int stat = -1;
+    int tpduLength = -1;  ///< octets, as the handset counts them; -1 if it doesn't
+};
+
+SmsRecord::Reading ReadLocation(HandsetLink& link, int index, StoredPdu& stored, int& error) {
+    error = -1;
+    ATResult result;
+    result.prefix = "+CMGR";
+    link.SetChannelMode(false);
+    if (!link.ExecCommand(fmt::format("AT+CMGR={}\r", index), link.commandTimeout, true, result))
+        return SmsRecord::Reading::NoAnswer;
+    const ATLine& line = result.lines.front();
+    if (line.size() < 4 || !result.HasPrefix("+CMGR")) {
+        error = result.ErrorNumber();
+        const bool empty = result.IsOk() || error == emptyLocation;
+        return empty ? SmsRecord::Reading::Empty : SmsRecord::Reading::Refused;
+    }
+    const ATParam& length = line[line.size() - 2];
+    stored = {line.back().text, result.GetNumber(0, 1), length.type == ATParam::Number ? length.number : -1};
+    return SmsRecord::Reading::Found;
+}
+
+/// The octet that a hexadecimal text begins with; 0 if it begins with none.
+unsigned FirstOctet(std::string_view hex) {
+    unsigned octet = 0;
+    std::from_chars(hex.data(), hex.data() + std::min<size_t>(2, hex.size()), octet, 16);
+    return octet;
+}
+
+/// The octets of a PDU without those of its TP-SCA, in hexadecimal.
+std::string_view TpduOf(std::string_view pdu) {
+    return pdu.substr(std::min(pdu.size(), 2 + 2 * size_t{FirstOctet(pdu)}));
+}
+
+/// Whether two PDUs, as written and as read, are one message: a handset may put its own service centre in
+/// front, and its own reference into a message that is to be sent.
+bool IsSamePdu(std::string_view known, std::string_view read) {
+    if (known == read) return true;
+    const std::string_view a = TpduOf(known);
+    const std::string_view b = TpduOf(read);
+    if (a.size() < 4 || a.size() != b.size()) return false;
+    const size_t reference = (FirstOctet(a) & 3) == SmsRecord::submit ? 2 : 0;  // its digits, to be left out
+    return EqualIgnoringCase(a.substr(0, 2), b.substr(0, 2)) &&
+           EqualIgnoringCase(a.substr(2 + reference), b.substr(2 + reference));
 }
 
 /// At least one, since none would be no limit.
@@ -109,22 +162,25 @@ std::u16string_view PlaceOf(HandsetLink& link, const std::vector<int>& locations
 
 bool SmsRecord::Read(HandsetLink& link, std::u16string_view from, int index, int& error) {
     error = -1;
-    answered = false;
-    if (index < 0 || from.empty() || !SelectMessageMemory(link, from)) return false;
-    ATResult result;
-    result.prefix = "+CMGR";
-    link.SetChannelMode(false);
-    answered = link.ExecCommand(fmt::format("AT+CMGR={}\r", index), link.commandTimeout, true, result);
-    if (!answered || result.lines.empty()) return false;
-    const ATLine& line = result.lines.front();
-    if (line.size() < 4) {
-        error = result.ErrorNumber();
+    reading = Reading::Refused;
+    if (index < 0 || from.empty()) return false;
+    const HandsetLink::OneSession session(link);
+    Refusal refusal;
+    if (!SelectMessageMemory(link, from, false, &refusal)) {
+        error = refusal.error;
+        if (!refusal.answered) reading = Reading::NoAnswer;
         return false;
     }
-    if (!result.HasPrefix("+CMGR")) return false;
-    decode(line.back().text);
-    status = StatusOfStat(result.GetNumber(0, 1));
+    StoredPdu stored;
+    reading = ReadLocation(link, index, stored, error);
+    if (reading != Reading::Found) return false;
+    const bool whole = static_cast<int>(TpduOf(stored.text).size() / 2) >= stored.tpduLength;
+    unreadable.reset();
+    if (stored.text.empty() || !decode(stored.text) || !whole) unreadable = stored.text;
+    if (messageType == submit) timestamp = {};
+    status = StatusOfStat(stored.stat);
     handsetIndices.assign(1, index);
+    handsetPdus.assign(1, stored.text);
     storage = from;
     return true;
 }
@@ -140,20 +196,22 @@ int SmsRecord::WritePdu(HandsetLink& link, int& error) {
     const int stat = WriteStatOf(status, link.Features().canStoreReceived);
     if (stat == 0) return -1;
     const std::string command = fmt::format("AT+CMGW={}, {}\r", LengthOf(*this, body), stat);
-    body += endOfBody;
     ATResult result;
     result.prefix = "+CMGW";
-    if (!link.ExecTwoStage(command, body, WholeSeconds(link.commandTimeout), result)) {
-        error = result.ErrorNumber();
-        return -1;
-    }
-    return result.HasPrefix("+CMGW") ? result.GetNumber(0, 1) : -1;
+    const bool done = link.ExecTwoStage(command, body + endOfBody, WholeSeconds(link.commandTimeout), result);
+    const int location = done && result.HasPrefix("+CMGW") ? result.GetNumber(0, 1) : -1;
+    if (location >= 0) handsetPdus.assign(1, std::move(body));
+    if (!done) error = result.ErrorNumber();
+    unconfirmed = result.bodySent && result.status != ATResult::Final;
+    return location;
 }
 
 bool SmsRecord::Write(HandsetLink& link, std::u16string_view to, int& error) {
     error = -1;
     leftBehind.clear();
-    if (!link.EnsureSession()) return false;  // what the handset can do isn't known before
+    unconfirmed = false;
+    const HandsetLink::OneSession session(link);
+    if (!session) return false;  // what the handset can do isn't known before
     const bool asReceived = link.Features().canStoreReceived && (status == smsUnread || status == smsRead);
     messageType = asReceived ? deliver : submit;
     serviceCentre = {};
@@ -163,11 +221,16 @@ bool SmsRecord::Write(HandsetLink& link, std::u16string_view to, int& error) {
 bool SmsRecord::WritePlain(HandsetLink& link, std::u16string_view to, int& error) {
     if (!SelectMessageMemory(link, u"MT") && !SelectMessageMemory(link, to)) return false;
     handsetIndices.clear();
+    std::vector<std::string> pdus;
     const bool done = ForEachPlainPart(*this, [&](SmsRecord& part) {
         const int location = part.WritePdu(link, error);
-        if (location >= 0) handsetIndices.push_back(location);
-        return location >= 0;
+        unconfirmed = part.unconfirmed;
+        if (location < 0) return false;
+        handsetIndices.push_back(location);
+        pdus.push_back(part.handsetPdus.front());
+        return true;
     });
+    handsetPdus = std::move(pdus);
     if (!done) {
         GiveUpWrite(link, to);
         return false;
@@ -190,11 +253,16 @@ bool SmsRecord::WriteEms(HandsetLink& link, std::u16string_view to, int& error) 
     const std::u16string memory(overflow ? u"MT" : to);
     if (!SelectMessageMemory(link, memory)) return false;
     handsetIndices.clear();
-    const bool done = ForEachSegment(*this, [&](SmsRecord& segment) {
-        const int location = segment.WritePdu(link, error);
-        if (location >= 0) handsetIndices.push_back(location);
-        return location >= 0;
+    std::vector<std::string> pdus;
+    const bool done = ForEachSegment(*this, [&](SmsRecord& part) {
+        const int location = part.WritePdu(link, error);
+        unconfirmed = part.unconfirmed;
+        if (location < 0) return false;
+        handsetIndices.push_back(location);
+        pdus.push_back(part.handsetPdus.front());
+        return true;
     });
+    handsetPdus = std::move(pdus);
     if (!done) {
         GiveUpWrite(link, memory);
         return false;
@@ -209,6 +277,7 @@ void SmsRecord::GiveUpWrite(HandsetLink& link, std::u16string_view from) {
     int ignored = -1;
     Delete(link, from, ignored);
     handsetIndices.clear();
+    handsetPdus.clear();
 }
 
 bool SmsRecord::SendPdu(HandsetLink& link, int& error) {
@@ -218,7 +287,9 @@ bool SmsRecord::SendPdu(HandsetLink& link, int& error) {
     body += endOfBody;
     ATResult result;
     result.prefix = "+CMGS";
-    if (!link.ExecTwoStage(command, body, sendTimeout, result)) {
+    const bool sent = link.ExecTwoStage(command, body, sendTimeout, result);
+    unconfirmed = result.bodySent && result.status != ATResult::Final;
+    if (!sent) {
         if (result.ErrorNumber() >= 0) error = result.ErrorNumber();
         return false;
     }
@@ -229,7 +300,12 @@ bool SmsRecord::SendPdu(HandsetLink& link, int& error) {
 bool SmsRecord::Send(HandsetLink& link, int& error) {
     error = -1;
     leftBehind.clear();
-    const auto put = [&](SmsRecord& part) { return part.SendPdu(link, error); };
+    unconfirmed = false;
+    const auto put = [&](SmsRecord& part) {
+        const bool sent = part.SendPdu(link, error);
+        unconfirmed = part.unconfirmed;
+        return sent;
+    };
     if (!emsMessage) timestamp = SmsTimestamp::FromLocal(SystemClock().Local());
     if (!(emsMessage ? ForEachSegment(*this, put) : ForEachPlainPart(*this, put))) return false;
     status = smsSentFromHere;
@@ -243,13 +319,24 @@ bool SmsRecord::Remove(HandsetLink& link, int& error) {
 bool SmsRecord::Delete(HandsetLink& link, std::u16string_view from, int& error) {
     error = -1;
     leftBehind.clear();
+    replaced = false;
     if (handsetIndices.empty()) return true;
     leftBehind = handsetIndices;
+    const HandsetLink::OneSession session(link);
     if (!SelectMessageMemory(link, u"MT") && !SelectMessageMemory(link, from)) return false;
+    if (!StandsAsKnown(link, error)) return false;
     bool done = false;
     for (const int location : handsetIndices) {
         ATResult result;
-        if (link.ExecCheckOk(fmt::format("AT+CMGD={}\r", location), link.commandTimeout, result, true)) {
+        bool freed =
+            link.ExecCheckOk(fmt::format("AT+CMGD={}\r", location), link.commandTimeout, result, true);
+        if (!freed && result.status == ATResult::NoResult) {
+            // The handset may have done it without saying so.
+            StoredPdu stored;
+            int ignored = -1;
+            freed = ReadLocation(link, location, stored, ignored) == Reading::Empty;
+        }
+        if (freed) {
             std::erase(leftBehind, location);
             done = true;
         } else if (result.ErrorNumber() >= 0) {
@@ -258,20 +345,36 @@ bool SmsRecord::Delete(HandsetLink& link, std::u16string_view from, int& error) 
             break;
         }
     }
-    if (done)
-        handsetIndices.clear();
-    else
-        handsetIndices = leftBehind;
+    std::vector<std::string> pdus;
+    for (size_t i = 0; i < std::min(handsetIndices.size(), handsetPdus.size()); ++i) {
+        const bool stays =
+            std::find(leftBehind.begin(), leftBehind.end(), handsetIndices[i]) != leftBehind.end();
+        if (stays) pdus.push_back(std::move(handsetPdus[i]));
+    }
+    handsetIndices = leftBehind;
+    handsetPdus = std::move(pdus);
     return done;
 }
 
-bool SmsRecord::Update(HandsetLink& link, int& error) {
-    const std::u16string memory = storage;
-    if (!Delete(link, memory, error)) return false;
-    const std::vector<int> undeleted = leftBehind;
-    const bool written = Write(link, memory, error);
-    leftBehind.insert(leftBehind.end(), undeleted.begin(), undeleted.end());
-    return written;
+/// Whether each location holds the PDU that is known of it. What was read by its number alone isn't known.
+bool SmsRecord::StandsAsKnown(HandsetLink& link, int& error) {
+    for (size_t i = 0; i < handsetIndices.size(); ++i) {
+        const bool known = unreadable || (i < handsetPdus.size() && !handsetPdus[i].empty());
+        if (!known) continue;
+        StoredPdu stored;
+        const Reading found = ReadLocation(link, handsetIndices[i], stored, error);
+        if (found == Reading::NoAnswer || found == Reading::Refused) return false;
+        replaced =
+            found == Reading::Empty || !IsSamePdu(unreadable ? *unreadable : handsetPdus[i], stored.text);
+        if (replaced) error = -1;
+        if (replaced) return false;
+    }
+    return true;
+}
+
+bool SmsRecord::Update(HandsetLink& link, SmsRecord& old, int& error) {
+    const HandsetLink::OneSession session(link);
+    return old.Remove(link, error) && Write(link, old.storage, error);
 }
 
 }  // namespace tarnbridge

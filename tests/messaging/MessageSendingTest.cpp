@@ -60,7 +60,7 @@ protected:
 
     MessageFolder& outbox = tree.OnPc(outboxPlace);
     MessageFolder& sent = tree.OnPc(sentPlace);
-    ManualClock clock;
+    VirtualTime& clock = session.clock;
     std::vector<MessageSending::Item> items;
     bool lost = false;
 };

@@ -139,13 +139,13 @@ TEST_F(SmsRecordHandset, ReadingTellsEmptyFromRefusedFromSilent) {
     EXPECT_EQ(record.status, smsRead);
     EXPECT_EQ(record.handsetIndices, std::vector<int>{1});
     EXPECT_FALSE(record.Read(link, u"SM", 2, error));
-    EXPECT_TRUE(record.answered && error == -1);
+    EXPECT_TRUE(record.reading == SmsRecord::Reading::Empty && error == -1);
     session.handset.SetFaults({"empty-location=321"});
     EXPECT_FALSE(record.Read(link, u"SM", 2, error));
-    EXPECT_TRUE(record.answered && error == 321);
+    EXPECT_TRUE(record.reading == SmsRecord::Reading::Empty && error == 321);
     session.handset.SetFaults({"silent-after=0"});
     EXPECT_FALSE(record.Read(link, u"SM", 1, error));
-    EXPECT_FALSE(record.answered);
+    EXPECT_EQ(record.reading, SmsRecord::Reading::NoAnswer);
     EXPECT_FALSE(record.Read(link, u"", 1, error));
     EXPECT_FALSE(record.Read(link, u"SM", -1, error));
 }
@@ -164,19 +164,23 @@ TEST_F(SmsRecordHandset, DeletingGoesOnAfterSilenceAndStopsAtAnError) {
     session.handset.Script("AT+CMGD=2", "");
     EXPECT_TRUE(record.Remove(link, error)) << "the last one that was answered counts";
     EXPECT_EQ(record.leftBehind, std::vector<int>{2});
-    EXPECT_TRUE(record.handsetIndices.empty());
-    EXPECT_TRUE(record.Remove(link, error)) << "nothing to do";
+    EXPECT_EQ(record.handsetIndices, std::vector<int>{2});
+    EXPECT_TRUE(SmsRecord().Remove(link, error)) << "nothing to do";
 }
 
 TEST_F(SmsRecordHandset, UpdateWritesAgainWhereItLay) {
     SmsRecord record = Ems(std::u16string(200, u'x'));
     ASSERT_TRUE(Write(record, u"ME"));
     record.status = smsOutbox;
-    ASSERT_TRUE(record.Update(link, error));
+    SmsRecord old = record;
+    ASSERT_TRUE(record.Update(link, old, error));
+    EXPECT_TRUE(old.handsetIndices.empty());
     EXPECT_EQ(session.handset.Locations("ME"), (Locations{{1, 5}, {2, 5}}));
     session.handset.SetFaults({"refuse=+CMGD"});
     session.handset.ForgetCommands();
-    EXPECT_FALSE(record.Update(link, error));
+    old = record;
+    EXPECT_FALSE(record.Update(link, old, error));
+    EXPECT_EQ(old.handsetIndices.size(), 2u);
     EXPECT_EQ(session.handset.Locations("ME").size(), 2u) << "nothing is written while the old one stands";
 }
 

@@ -3,28 +3,26 @@
 #include <gtest/gtest.h>
 
 #include "link/HandsetLink.h"
-#include "platform/FileEntryStore.h"
-#include "platform/PortMap.h"
-#include "support/ManualClock.h"
-#include "support/VirtualHandset.h"
+#include "support/SimulatedPhone.h"
 
 namespace tarnbridge::test {
 
-/// A virtual handset and a link whose port is open on it. An exchange that stays unanswered ends after 300
-/// ms.
+/// A handset and a link whose port is open on it, both on virtual time.
 struct HandsetSession {
-    explicit HandsetSession(VirtualHandsetOptions options = {}) : handset(std::move(options)) {
-        link.commandTimeout = 300;
-        LinkKind kind{};
-        EXPECT_TRUE(link.Connect(handset.Path(), kind));
+    explicit HandsetSession(VirtualHandsetOptions options = {}) : handset(clock, std::move(options)) {
+        EXPECT_TRUE(Connect());
     }
     ~HandsetSession() { link.Disconnect(false); }
+
+    bool Connect() {
+        LinkKind kind{};
+        return link.Connect("phone", kind);
+    }
 
     /// Ends the session and makes a new one, in which the handset is looked at afresh.
     void Reconnect() {
         link.Disconnect(false);
-        LinkKind kind{};
-        EXPECT_TRUE(link.Connect(handset.Path(), kind) && link.EnsureSession());
+        EXPECT_TRUE(Connect() && link.EnsureSession());
     }
 
     /// How many messages the memories hold. A SIM of 0 is none.
@@ -45,12 +43,9 @@ struct HandsetSession {
         Reconnect();
     }
 
-    TemporaryFolder folder;
-    FileEntryStore store{folder / "Test.conf"};
-    PortMap ports{store};
-    NoSleepClock clock;
-    VirtualHandset handset;
-    HandsetLink link{clock, SystemSerialDevices(ports)};
+    VirtualTime clock;
+    SimulatedPhone handset;
+    HandsetLink link{clock, handset.Factory()};
 };
 
 }  // namespace tarnbridge::test

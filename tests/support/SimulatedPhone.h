@@ -56,6 +56,16 @@ public:
     /// How often this command line has been heard since then.
     size_t Count(const std::string& line);
 
+    /// The locations in use of "SM" or "ME", each of its memory's own counting, with their states.
+    std::map<int, int> Locations(const std::string& memory) {
+        return With([&](simulator::HandsetContent& content) {
+            std::map<int, int> states;
+            for (const auto& [location, message] : content.Messages(memory)->items)
+                states[location] = message.stat;
+            return states;
+        });
+    }
+
     /// A pulled plug is a hang-up for the device that is open; after Plug another one can be opened.
     void Unplug();
     void Plug();

@@ -80,6 +80,11 @@ bool BackgroundWorker::RequestSessionCheck(Target target) {
     return true;
 }
 
+void BackgroundWorker::SetHurried(bool hurried) {
+    const std::lock_guard guard(requestMutex_);
+    if (running_) link->SetHurried(hurried);
+}
+
 void BackgroundWorker::Run() {
     Event* const events[] = {&stopEvent, &jobEvent, &checkEvent};
     for (;;) {

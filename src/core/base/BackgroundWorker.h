@@ -76,6 +76,10 @@ public:
 
     bool IsBusy() const { return busy || checkBusy; }
 
+    /// Whether the user waits for the end of what is done: see HandsetLink::SetHurried. Nothing while it
+    /// doesn't run.
+    void SetHurried(bool hurried);
+
 private:
     void Run() override;
     const char* ThreadName() const override { return "background"; }

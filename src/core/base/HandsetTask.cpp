@@ -43,6 +43,11 @@ BackgroundWorker::Job HandsetTask::OrLose(BackgroundWorker::Job job) const {
     };
 }
 
+void HandsetTask::Cancel() {
+    if (ended_ || std::exchange(cancelled_, true)) return;
+    worker_.SetHurried(true);
+}
+
 void HandsetTask::Take(Message& answer) {
     if (!next_ || answer.id != WorkerResult || answer.wParam != slot_) return;
     const auto* const details = answer.payload.Get<WorkerAnswer>();  // none of a session check
@@ -56,6 +61,7 @@ void HandsetTask::Show(Standing standing) const {
 
 void HandsetTask::End() {
     if (std::exchange(ended_, true)) return;
+    if (cancelled_) worker_.SetHurried(false);
     next_ = nullptr;
     if (onEnd) onEnd();
 }

@@ -36,8 +36,8 @@ public:
     /// The answer to a job; one that isn't this task's is passed over.
     void Take(Message& answer);
 
-    /// The task ends after the job under way and leaves things in order.
-    void Cancel() { cancelled_ = true; }
+    /// The task ends after the job under way, which is hurried, and leaves things in order.
+    void Cancel();
 
     bool WasCancelled() const { return cancelled_; }
     bool HasEnded() const { return ended_; }

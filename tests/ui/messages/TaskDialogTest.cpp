@@ -48,7 +48,7 @@ protected:
         return Await([&] { return !dialog.IsRunning(); });
     }
 
-    ManualClock clock;
+    VirtualTime& clock = session.clock;
     MessageFolder& outbox = tree.OnPc(outboxPlace);
 };
 
