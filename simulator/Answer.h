@@ -58,6 +58,9 @@ public:
     /// Asked for each command line, and whether the handset takes any notice of it.
     virtual bool Hears(const std::string& line) = 0;
 
+    /// The same for the body that follows a prompt; one that isn't heard is gone, and its command with it.
+    virtual bool HearsBody(const Command& command) = 0;
+
     /// Asked for each command, and again when its body is there: the answer that is given in place of
     /// carrying it out, or nothing.
     virtual std::optional<Answer> Instead(const Command& command, Stage stage) = 0;

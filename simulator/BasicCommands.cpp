@@ -73,6 +73,7 @@ Answer ErrorForm(Call& call) {
 }  // namespace
 
 void AddBasicCommands(CommandTable& table) {
+    table[""] = Ignore;
     table["E"] = SetEcho;
     table["V"] = SetVerbose;
     table["Q"] = SetQuiet;

@@ -43,7 +43,8 @@ public:
         later.push_back({Piece::Kind::Unsolicited, "\r\n" + text + "\r\n"});
     }
 
-    LocalTime Now() const { return time_(); }
+    /// By the phone's own clock, as AT+CCLK has set it.
+    LocalTime Now() const;
 
     /// The content was changed and wants to be saved.
     void Changed() { ++session.changes; }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <initializer_list>
 #include <iterator>
 #include <utility>
 
@@ -14,39 +13,6 @@
 
 namespace tarnbridge::simulator {
 namespace {
-
-/// What may stand after the equals sign of a fault.
-enum class Value { None, MayBeNumber, Number, MayBeText, Text };
-
-struct Kind {
-    const char* name;
-    Value value;
-    std::vector<std::string_view> modifiers;
-};
-
-const std::array<Kind, 18>& Kinds() {
-    static const std::array<Kind, 18> kinds{{
-        {"silent-after", Value::Number, {}},
-        {"silent-midline", Value::Number, {"bytes"}},
-        {"garbage", Value::MayBeNumber, {}},
-        {"unsolicited", Value::MayBeText, {"gap"}},
-        {"unsolicited-in-message", Value::MayBeText, {}},
-        {"unsolicited-pdu", Value::Text, {}},
-        {"split", Value::Number, {"gap"}},
-        {"delay", Value::Number, {"after"}},
-        {"refuse", Value::Text, {"after", "times"}},
-        {"error", Value::Text, {"after", "times"}},
-        {"refuse-prompt", Value::MayBeNumber, {"after", "times"}},
-        {"refuse-body", Value::MayBeNumber, {"after", "times"}},
-        {"asleep", Value::Number, {}},
-        {"unplug-after", Value::Number, {"bytes", "for"}},
-        {"empty-location", Value::Text, {}},
-        {"store-query", Value::Text, {}},
-        {"channel-mode", Value::Text, {}},
-        {"echo-lost", Value::None, {}},
-    }};
-    return kinds;
-}
 
 /// All the words that a PC must expect between two lines.
 constexpr std::array<const char*, 10> unsolicitedLines{"RING",
@@ -59,21 +25,6 @@ constexpr std::array<const char*, 10> unsolicitedLines{"RING",
                                                        "+GPIOS: 1,0",
                                                        "+EKPDS: 1",
                                                        "+BATS: 3"};
-
-constexpr int afterHandshake = -1;
-/// No answer of the handshake's first commands may take longer.
-constexpr int handshakePatience = 40;
-
-std::optional<int> WholeNumber(std::string_view text) {
-    const bool digits = std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-    if (text.empty() || text.size() > 8 || !digits) return std::nullopt;
-    return std::stoi(std::string(text));
-}
-
-std::string WithoutBlanks(std::string text) {
-    std::erase(text, ' ');
-    return text;
-}
 
 std::string Framed(const std::string& text) {
     return "\r\n" + text + "\r\n";
@@ -106,169 +57,146 @@ std::string Garbage(int count) {
 
 }  // namespace
 
-const char* Faults::Help() {
-    return R"(A fault is NAME, NAME=VALUE, or either with modifiers behind it: NAME=VALUE,MODIFIER=NUMBER...
-Several faults work together. N counts command lines from the start, MS is milliseconds.
-
-  silent-after=N            answers N commands and then nothing any more
-  silent-midline=N          breaks off in the middle of the first line that answers command N (or after
-      [,bytes=K]            K bytes of it) and then says nothing any more
-  garbage[=K]               K bytes of noise (16) before each reply
-  unsolicited=TEXT          this line before every line of a reply (or only before line G of each, from 1);
-      [,gap=G]              without TEXT or with `all`: RING, NO CARRIER, +CMTI, +CBMI ... in turn
-  unsolicited-in-message=TEXT   this line between +CMGR: or +CMGL: and its PDU
-  unsolicited-pdu=+CMT      a message that is delivered directly before each reply: +CMT, +CBM or +CDS
-  split=K[,gap=MS]          replies cut into pieces of K bytes, 1 ms (or MS) apart
-  delay=MS[,after=N]        replies come MS later, from command N + 1 on; `after=handshake` begins when
-                            AT+CPMS=? has been answered, as does every delay above 40 ms without `after`
-  refuse=TEXT               commands that begin with TEXT (behind AT) answer ERROR
-  error=TEXT:E              the same with error number E, for those with a body after the body
-  refuse-prompt[=E]         ERROR, or error number E, in place of the prompt
-  refuse-body[=E]           ERROR, or error number E, after the body
-      [,after=N][,times=T]  for these four: not the first N such commands, and only T of them
-  asleep=N                  answers nothing until AT+ESLP=0 has come N times
-  unplug-after=N            hangs up on command N + 1, after K bytes of its reply (0), and comes back
-      [,bytes=K][,for=MS]   after MS (or never)
-
-And manners in which handsets differ:
-  empty-location=ok|321     what AT+CMGR answers for an empty location
-  store-query=V             what AT+EQUERY=0 answers: (0-3), 3 or error
-  channel-mode=V            what AT+ESUO? answers: 3, 4, 0 (nothing can be set) or error
-  echo-lost                 the echo doesn't reach the PC
-)";
-}
-
-int Faults::Fault::With(const char* key, int otherwise) const {
-    const auto found = with.find(key);
-    return found == with.end() ? otherwise : found->second;
-}
-
 Result<Faults> Faults::Parse(const std::vector<std::string>& specifications) {
     Faults faults;
     for (const std::string& specification : specifications) {
-        const auto bad = [&](const std::string& why) {
-            return SystemFailure{0, fmt::format("fault \"{}\": {}", specification, why)};
-        };
-        // Modifiers are peeled off the end, so that the value may hold commas and equals signs of its own.
-        Fault fault;
-        std::string rest = specification;
-        for (;;) {
-            const size_t comma = rest.rfind(',');
-            const size_t equals = comma == std::string::npos ? comma : rest.find('=', comma);
-            if (equals == std::string::npos || equals == comma + 1) break;
-            const std::string key = rest.substr(comma + 1, equals - comma - 1);
-            if (!std::all_of(key.begin(), key.end(), [](char c) { return c >= 'a' && c <= 'z'; })) break;
-            const std::string value = rest.substr(equals + 1);
-            const auto number = key == "after" && value == "handshake" ? afterHandshake : WholeNumber(value);
-            if (!number) return bad(key + " wants a number");
-            fault.with[key] = *number;
-            rest.erase(comma);
-        }
-        const size_t equals = rest.find('=');
-        fault.name = rest.substr(0, equals);
-        const bool given = equals != std::string::npos && equals + 1 < rest.size();
-        if (given) fault.value = rest.substr(equals + 1);
-
-        const auto& kinds = Kinds();
-        const auto kind = std::find_if(kinds.begin(), kinds.end(),
-                                       [&](const Kind& entry) { return entry.name == fault.name; });
-        if (kind == kinds.end()) return bad("there is no such fault");
-        for (const auto& modifier : fault.with) {
-            const auto& known = kind->modifiers;
-            if (std::find(known.begin(), known.end(), modifier.first) == known.end()) {
-                return bad(fmt::format("it takes no {}", modifier.first));
-            }
-            if (modifier.second == afterHandshake && fault.name != "delay")
-                return bad("after wants a number");
-        }
-        const bool mustHave = kind->value == Value::Number || kind->value == Value::Text;
-        if (mustHave && !given) return bad("it wants a value");
-        if (kind->value == Value::None && equals != std::string::npos) return bad("it takes no value");
-        if (kind->value == Value::Number || (kind->value == Value::MayBeNumber && given)) {
-            const auto number = WholeNumber(fault.value);
-            if (!number) return bad("its value isn't a number");
-            fault.number = *number;
-        }
-        if (fault.name == "split" && fault.number == 0) return bad("pieces of no bytes never end");
-        if (fault.name == "error") {
-            const size_t colon = fault.value.rfind(':');
-            const auto number =
-                colon == std::string::npos ? std::nullopt : WholeNumber(fault.value.substr(colon + 1));
-            if (!number || colon == 0) return bad("it wants COMMAND:NUMBER");
-            fault.number = *number;
-            fault.value.erase(colon);
-        }
-        const auto oneOf = [&](std::initializer_list<const char*> words) {
-            return std::find(words.begin(), words.end(), fault.value) != words.end();
-        };
-        if ((fault.name == "empty-location" && !oneOf({"ok", "321"})) ||
-            (fault.name == "store-query" && !oneOf({"(0-3)", "3", "error"})) ||
-            (fault.name == "channel-mode" && !oneOf({"0", "3", "4", "error"})) ||
-            (fault.name == "unsolicited-pdu" && !oneOf({"+CMT", "+CBM", "+CDS"}))) {
-            return bad("its value isn't one of those that it knows");
-        }
-        if (fault.name == "delay" && !fault.with.contains("after") && fault.number > handshakePatience) {
-            fault.with["after"] = afterHandshake;
-        }
-        fault.value = fault.name.starts_with("unsolicited") ? fault.value : WithoutBlanks(fault.value);
-        faults.faults_.push_back(std::move(fault));
+        Result<Fault> fault = Fault::Parse(specification);
+        if (!fault) return fault.Failure();
+        faults.faults_.push_back(std::move(*fault));
     }
     return faults;
 }
 
-const Faults::Fault* Faults::Find(const char* name) const {
+const Fault* Faults::Find(const char* name) const {
     const auto found =
         std::find_if(faults_.begin(), faults_.end(), [&](const Fault& fault) { return fault.name == name; });
     return found == faults_.end() ? nullptr : &*found;
 }
 
 bool Faults::Hears(const std::string& line) {
+    struck_.clear();
     ++commands_;
     const std::string text = WithoutBlanks(line);
-    const bool wakeUp = EqualIgnoringCase(text, "AT+ESLP=0");
-    if (wakeUp || EqualIgnoringCase(text, "AT+ESUO?")) handshakeDone_ = false;
+    if (EqualIgnoringCase(text, "AT+ESLP=0") || EqualIgnoringCase(text, "AT+ESUO?")) handshakeDone_ = false;
     if (const Fault* fault = Find("silent-after"); fault != nullptr && commands_ > fault->number)
         silent_ = true;
-    if (const Fault* fault = Find("asleep"); fault != nullptr && wakeUps_ < fault->number) {
-        if (wakeUp) ++wakeUps_;
-        return false;
-    }
-    return !silent_;
+    const bool sleeps = Sleeps(text);
+    lastCommand_ = now_;
+    return !sleeps && !silent_ && Strike(text.substr(2), false);
 }
 
-/// Whether a fault for a named command strikes this time.
-bool Faults::Strikes(Fault& fault, const Command& command) {
-    if (!fault.name.starts_with("refuse-") &&
-        !EqualIgnoringCase(WithoutBlanks(command.text).substr(0, fault.value.size()), fault.value)) {
-        return false;
+bool Faults::HearsBody(const Command& command) {
+    struck_.clear();
+    return !silent_ && Strike(command.text, true);
+}
+
+/// Whether the phone is asleep and stays so over this line.
+bool Faults::Sleeps(const std::string& text) {
+    const bool wakeUp = EqualIgnoringCase(text, "AT+ESLP=0");
+    if (const Fault* fault = Find("asleep"); fault != nullptr && wakeUps_ < fault->number) {
+        if (wakeUp) ++wakeUps_;
+        return true;
     }
-    const int passed = fault.met++ - fault.With("after", 0);
-    return passed >= 0 && passed < fault.With("times", INT32_MAX);
+    if (const Fault* fault = Find("sleeps-after")) {
+        if (lastCommand_ && now_ - *lastCommand_ >= Milliseconds(fault->number)) asleep_ = true;
+        if (wakeUp) asleep_ = false;
+        if (asleep_) return true;
+        asleep_ = EqualIgnoringCase(text, "AT+ESLP=1");
+    }
+    return false;
+}
+
+/// Notes what strikes the command or its reply; false when it isn't even heard.
+bool Faults::Strike(const std::string& command, bool body) {
+    constexpr std::array<const char*, 7> ofReplies{"lost",      "unheard",    "doubled",    "late",
+                                                   "overtaken", "lose-octet", "alter-octet"};
+    constexpr std::array<const char*, 3> ofThePhone{"delete-message", "replace-message", "another-phone"};
+    for (size_t i = 0; i < faults_.size(); ++i) {
+        Fault& fault = faults_[i];
+        const auto reply = std::find(ofReplies.begin(), ofReplies.end(), fault.name);
+        const auto deed = std::find(ofThePhone.begin(), ofThePhone.end(), fault.name);
+        if (reply == ofReplies.end() && deed == ofThePhone.end()) continue;
+        if (!fault.Strikes(command, body)) continue;
+        if (reply != ofReplies.end()) {
+            struck_.push_back(i);
+        } else {
+            deeds_.push_back({static_cast<Deed::Kind>(deed - ofThePhone.begin()), fault.number});
+        }
+    }
+    return Struck("unheard") == nullptr;
+}
+
+const Fault* Faults::Struck(const char* name) const {
+    const auto found = std::find_if(struck_.begin(), struck_.end(),
+                                    [&](size_t index) { return faults_[index].name == name; });
+    return found == struck_.end() ? nullptr : &faults_[*found];
 }
 
 std::optional<Answer> Faults::Instead(const Command& command, Stage stage) {
     const bool hasBody =
         (command.name == "+CMGS" || command.name == "+CMGW") && command.form == Command::Form::Set;
+    const bool body = stage == Stage::Body;
     for (Fault& fault : faults_) {
-        const bool now = fault.name == "refuse"          ? stage == Stage::Command
-                         : fault.name == "error"         ? (stage == Stage::Body) == hasBody
-                         : fault.name == "refuse-prompt" ? hasBody && stage == Stage::Command
-                         : fault.name == "refuse-body"   ? hasBody && stage == Stage::Body
+        const bool now = fault.name == "refuse"          ? body == fault.ofBody
+                         : fault.name == "error"         ? body == hasBody
+                         : fault.name == "refuse-prompt" ? hasBody && !body
+                         : fault.name == "refuse-body"   ? body
                                                          : false;
-        if (!now || !Strikes(fault, command)) continue;
-        const bool numbered = fault.name != "refuse" && (fault.name == "error" || !fault.value.empty());
-        return numbered ? ErrorFor(command, fault.number) : Answer::Error();
+        if (!now || !fault.Strikes(command.text, fault.ofBody)) continue;
+        return fault.numbered ? ErrorFor(command, fault.number) : Answer::Error();
     }
     return std::nullopt;
 }
 
 void Faults::Shape(Features& features) const {
-    if (const Fault* fault = Find("empty-location")) features.emptyIsOk = fault->value == "ok";
+    if (const Fault* fault = Find("empty-location")) features.emptyIsOk = fault->text == "ok";
     if (const Fault* fault = Find("store-query")) {
-        features.storeQuery = fault->value == "error" ? "ERROR" : fault->value;
+        features.storeQuery = fault->text == "error" ? "ERROR" : fault->text;
     }
     if (const Fault* fault = Find("channel-mode")) {
-        features.channelMode = WholeNumber(fault->value).value_or(-1);
+        features.channelMode = fault->text == "error" ? -1 : fault->text.front() - '0';
+    }
+    if (Find("no-escape") != nullptr) features.escapeEndsPrompt = false;
+    if (Find("no-sim") != nullptr) features.simInserted = false;
+}
+
+/// Noise before this piece of a reply.
+std::vector<std::string> Faults::LinesBefore(const Piece& piece, int gap) {
+    std::vector<std::string> lines;
+    const bool pdu = piece.kind == Piece::Kind::Pdu;
+    for (const Fault& fault : faults_) {
+        const bool here = fault.name == "unsolicited-in-message"
+                              ? pdu
+                              : !pdu && fault.name == "unsolicited" && fault.With("gap", gap) == gap;
+        if (!here) continue;
+        const bool all = fault.name == "unsolicited" && (fault.text.empty() || fault.text == "all");
+        lines.push_back(Framed(all ? unsolicitedLines[nextUnsolicited_++ % unsolicitedLines.size()]
+                               : fault.text.empty() ? "RING"
+                                                    : fault.text));
+    }
+    return lines;
+}
+
+/// What single faults do to the bytes of a reply.
+void Faults::Spoil(std::vector<Sound>& sounds) const {
+    if (Struck("lost") != nullptr) sounds.clear();
+    for (const char* name : {"lose-octet", "alter-octet"}) {
+        const Fault* const fault = Struck(name);
+        if (fault == nullptr) continue;
+        auto octet = static_cast<size_t>(fault->number) - 1;
+        auto sound = sounds.begin();
+        for (; sound != sounds.end() && octet >= sound->bytes.size(); ++sound)
+            octet -= sound->bytes.size();
+        if (sound == sounds.end()) continue;
+        if (fault->name == "lose-octet") {
+            sound->bytes.erase(octet, 1);
+        } else {
+            sound->bytes[octet] = static_cast<char>(sound->bytes[octet] ^ 1);
+        }
+    }
+    if (Struck("doubled") != nullptr) {
+        const std::vector<Sound> once = sounds;
+        sounds.insert(sounds.end(), once.begin(), once.end());
     }
 }
 
@@ -292,7 +220,8 @@ bool Faults::Break(std::vector<Sound>& sounds, bool finished) {
     broken_ = true;
     if (unplugs) {
         const int backAfter = unplug->With("for", -1);
-        hangUp_ = HangUp{backAfter < 0 ? std::nullopt : std::optional(Milliseconds(backAfter))};
+        hangUp_ = HangUp{backAfter < 0 ? std::nullopt : std::optional(Milliseconds(backAfter)),
+                         unplug->With("another", 0) != 0};
     }
     return true;
 }
@@ -301,9 +230,17 @@ bool Faults::Break(std::vector<Sound>& sounds, bool finished) {
 void Faults::Pace(std::vector<Sound>& sounds, bool handshakeWasDone) const {
     if (const Fault* delay = Find("delay")) {
         const int after = delay->With("after", 0);
-        const bool delayed = after == afterHandshake ? handshakeWasDone : commands_ > after;
+        const bool delayed = after == Fault::afterHandshake ? handshakeWasDone : commands_ > after;
         for (Sound& sound : sounds) {
             if (delayed) sound.delay = Milliseconds(delay->number);
+        }
+    }
+    for (const char* name : {"late", "overtaken"}) {
+        const Fault* const fault = Struck(name);
+        if (fault == nullptr) continue;
+        for (Sound& sound : sounds) {
+            sound.delay += Milliseconds(fault->number);
+            sound.aside = fault->name == "overtaken";
         }
     }
     if (const Fault* split = Find("split")) {
@@ -312,7 +249,7 @@ void Faults::Pace(std::vector<Sound>& sounds, bool handshakeWasDone) const {
         for (const Sound& sound : sounds) {
             for (size_t at = 0; at < sound.bytes.size(); at += static_cast<size_t>(split->number)) {
                 pieces.push_back({sound.bytes.substr(at, static_cast<size_t>(split->number)),
-                                  sound.delay + Milliseconds(count++ * split->With("gap", 1))});
+                                  sound.delay + Milliseconds(count++ * split->With("gap", 1)), sound.aside});
             }
         }
         sounds = std::move(pieces);
@@ -322,9 +259,9 @@ void Faults::Pace(std::vector<Sound>& sounds, bool handshakeWasDone) const {
 std::vector<Faults::Sound> Faults::Apply(std::vector<Piece> pieces) {
     if (silent_) return {};
     const bool handshakeWasDone = handshakeDone_;
-    const Fault* const inMessage = Find("unsolicited-in-message");
     const Fault* const directly = Find("unsolicited-pdu");
     const Fault* const garbage = Find("garbage");
+    const bool lowerCase = Find("lower-case") != nullptr;
     std::vector<Sound> echo;
     std::vector<Sound> reply;
     int gap = 0;
@@ -336,20 +273,18 @@ std::vector<Faults::Sound> Faults::Apply(std::vector<Piece> pieces) {
             continue;
         }
         if (!std::exchange(begun, true)) {
-            if (garbage != nullptr) reply.push_back({Garbage(garbage->value.empty() ? 16 : garbage->number)});
-            if (directly != nullptr) reply.push_back({DeliveredDirectly(directly->value)});
+            if (garbage != nullptr) reply.push_back({Garbage(garbage->numbered ? garbage->number : 16)});
+            if (directly != nullptr) reply.push_back({DeliveredDirectly(directly->text)});
         }
-        if (piece.kind == Piece::Kind::Information || piece.kind == Piece::Kind::Final) {
-            ++gap;
-            for (const Fault& fault : faults_) {
-                if (fault.name != "unsolicited" || fault.With("gap", gap) != gap) continue;
-                const bool all = fault.value.empty() || fault.value == "all";
-                reply.push_back({Framed(all ? unsolicitedLines[nextUnsolicited_++ % unsolicitedLines.size()]
-                                            : fault.value)});
-            }
+        if (piece.kind == Piece::Kind::Information || piece.kind == Piece::Kind::Pdu ||
+            piece.kind == Piece::Kind::Final) {
+            if (piece.kind != Piece::Kind::Pdu) ++gap;
+            for (std::string& line : LinesBefore(piece, gap))
+                reply.push_back({std::move(line)});
         }
-        if (piece.kind == Piece::Kind::Pdu && inMessage != nullptr) {
-            reply.push_back({Framed(inMessage->value.empty() ? "RING" : inMessage->value)});
+        if (piece.kind == Piece::Kind::Pdu && lowerCase) {
+            std::transform(piece.bytes.begin(), piece.bytes.end(), piece.bytes.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
         }
         if (piece.bytes.starts_with("\r\n+CPMS: (")) handshakeDone_ = true;
         finished = finished || piece.kind == Piece::Kind::Final;
@@ -357,15 +292,27 @@ std::vector<Faults::Sound> Faults::Apply(std::vector<Piece> pieces) {
     }
     // An echo by itself belongs to a command that hasn't ended yet.
     const bool answers = begun || pieces.empty();
+    if (answers) Spoil(reply);
     const bool broken = answers && Break(reply, finished);
     Pace(reply, handshakeWasDone);
+    if (answers) struck_.clear();
     echo.insert(echo.end(), std::make_move_iterator(reply.begin()), std::make_move_iterator(reply.end()));
     if (broken && !hangUp_) silent_ = true;
     return echo;
 }
 
+std::vector<Faults::Deed> Faults::TakeDeeds() {
+    return std::exchange(deeds_, {});
+}
+
 std::optional<Faults::HangUp> Faults::TakeHangUp() {
     return std::exchange(hangUp_, std::nullopt);
+}
+
+std::optional<Faults::PromptPatience> Faults::Patience() const {
+    const Fault* const fault = Find("prompt-timeout");
+    if (fault == nullptr) return std::nullopt;
+    return PromptPatience{Milliseconds(fault->number), fault->With("mute", 0) != 0};
 }
 
 }  // namespace tarnbridge::simulator

@@ -1,5 +1,7 @@
 #include "simulator/Handset.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include <fmt/format.h>
@@ -13,6 +15,8 @@ constexpr char bodyEnd = '\x1a';
 constexpr char bodyCancel = '\x1b';
 /// Longer lines and bodies can't be meant.
 constexpr size_t longestLine = 9'000;
+constexpr int fileChannel = 3;
+constexpr int normalChannel = 4;
 
 /// 3GPP TS 27.007 9.2.
 const char* WordsOf(int cmeError) {
@@ -21,6 +25,8 @@ const char* WordsOf(int cmeError) {
             return "operation not allowed";
         case 4:
             return "operation not supported";
+        case 10:
+            return "SIM not inserted";
         case 20:
             return "memory full";
         case 21:
@@ -40,6 +46,17 @@ const char* WordsOf(int cmeError) {
     }
 }
 
+/// A handset that has channel modes takes the commands of files in one of them, and those of messages and of
+/// the phonebook in the other.
+bool FitsChannel(std::string_view command, const Features& features, const Session& session) {
+    if (features.channelMode != fileChannel && features.channelMode != normalChannel) return true;
+    constexpr std::array<std::string_view, 7> normal{"+CMG", "+CPMS",   "+CNMI",  "+CSMS",
+                                                     "+CPB", "+EQUERY", "+EVCARD"};
+    const auto begins = [&](std::string_view prefix) { return command.starts_with(prefix); };
+    if (begins("+EFS")) return session.channelMode == fileChannel;
+    return session.channelMode == normalChannel || !std::any_of(normal.begin(), normal.end(), begins);
+}
+
 /// What follows AT in a line that begins so, with blanks in front or not. Other lines mean nothing to a
 /// phone.
 std::optional<std::string_view> AfterAttention(std::string_view line) {
@@ -57,16 +74,34 @@ Handset::Handset(HandsetContent content, CommandGate* gate, std::function<LocalT
 }
 
 void Handset::Restart() {
-    features_ = content_.features;
-    if (gate_ != nullptr) gate_->Shape(features_);
+    ShapeFeatures();
     session_ = Session::Begin(content_, features_, session_);
-    Interrupt();
-}
-
-void Handset::Interrupt() {
     line_.clear();
     rest_.clear();
     pending_ = Answer::Ok();
+}
+
+void Handset::ShapeFeatures() {
+    features_ = content_.features;
+    if (gate_ != nullptr) gate_->Shape(features_);
+    content_.simInserted = features_.simInserted;
+}
+
+void Handset::LetGo() {
+    if (!Prompts()) line_.clear();
+}
+
+void Handset::GiveUpPrompt(bool mute, std::vector<Piece>& said) {
+    line_.clear();
+    rest_.clear();
+    pending_ = Answer::Ok();
+    if (!mute) Finish(Answer::Error(), said);
+}
+
+void Handset::Exchange(HandsetContent& content) {
+    std::swap(content_, content);
+    Restart();
+    Changed();
 }
 
 void Handset::Take(char byte, std::vector<Piece>& said) {
@@ -74,10 +109,14 @@ void Handset::Take(char byte, std::vector<Piece>& said) {
         if (said.empty() || said.back().kind != Piece::Kind::Echo) said.push_back({Piece::Kind::Echo, {}});
         said.back().bytes += byte;
     }
-    if (pending_.kind == Answer::Kind::Body) {
-        if (byte == bodyEnd || byte == bodyCancel) {
+    if (Prompts()) {
+        if (byte == bodyEnd || (byte == bodyCancel && features_.escapeEndsPrompt)) {
             const Answer asked = std::exchange(pending_, Answer::Ok());
             const std::string body = std::exchange(line_, {});
+            if (byte == bodyEnd && gate_ != nullptr && !gate_->HearsBody(rest_.front())) {
+                rest_.clear();
+                return;
+            }
             Answer answer = Answer::Ok();
             Call call(rest_.front(), content_, session_, features_, time_, said);
             if (byte == bodyEnd) {
@@ -109,8 +148,7 @@ void Handset::Execute(const std::string& line, std::vector<Piece>& said) {
         said.push_back({Piece::Kind::Final, script->second});
         return;
     }
-    features_ = content_.features;
-    if (gate_ != nullptr) gate_->Shape(features_);
+    ShapeFeatures();
     std::optional<std::vector<Command>> commands = ParseCommands(*text);
     if (!commands || line.size() >= longestLine) {
         rest_.clear();
@@ -118,6 +156,7 @@ void Handset::Execute(const std::string& line, std::vector<Piece>& said) {
         return;
     }
     rest_ = std::move(*commands);
+    if (rest_.empty()) rest_.emplace_back();  // a bare AT is a command, too
     Continue(said);
 }
 
@@ -130,6 +169,8 @@ void Handset::Continue(std::vector<Piece>& said) {
         if (const auto instead =
                 gate_ != nullptr ? gate_->Instead(command, CommandGate::Stage::Command) : std::nullopt) {
             answer = *instead;
+        } else if (!FitsChannel(command.name, features_, session_)) {
+            answer = Answer::Error();
         } else if (const auto handler = table_.find(command.name); handler != table_.end()) {
             Call call(command, content_, session_, features_, time_, said);
             answer = handler->second(call);

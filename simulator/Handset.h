@@ -26,8 +26,18 @@ public:
     /// As after a new plug: half a line and all settings of the session are forgotten.
     void Restart();
 
-    /// Forgets half a line and the body that a prompt has asked for, as when the PC lets go of the port.
-    void Interrupt();
+    /// Forgets half a command line, as when the PC lets go of the port. A prompt goes on waiting for its
+    /// body.
+    void LetGo();
+
+    /// Whether a prompt waits for its body.
+    bool Prompts() const { return pending_.kind == Answer::Kind::Body; }
+
+    /// Waits for the body no longer, with ERROR or without a word.
+    void GiveUpPrompt(bool mute, std::vector<Piece>& said);
+
+    /// Another phone, which has just been plugged in, takes this one's place and leaves it in `content`.
+    void Exchange(HandsetContent& content);
 
     /// Answers a command line (without its CR) with these bytes as they stand, from now on, in place of what
     /// the phone would say. An empty reply makes it silent to that line.
@@ -37,10 +47,14 @@ public:
     HandsetContent& Content() { return content_; }
     const Session& State() const { return session_; }
 
+    /// The content was changed through Content and wants to be saved.
+    void Changed() { ++session_.changes; }
+
     /// Goes up with every command that changed the content.
     unsigned Revision() const { return session_.changes; }
 
 private:
+    void ShapeFeatures();
     void Execute(const std::string& line, std::vector<Piece>& said);
     void Continue(std::vector<Piece>& said);
     void Finish(const Answer& answer, std::vector<Piece>& said);

@@ -195,6 +195,8 @@ Features ReadFeatures(Reader reader) {
     features.fileCount = reader.Flag("fileCount", features.fileCount);
     features.vcard = reader.Flag("vcard", features.vcard);
     features.chunkSize = reader.Number("chunkSize", features.chunkSize, 1, 65'536);
+    features.escapeEndsPrompt = reader.Flag("escapeEndsPrompt", features.escapeEndsPrompt);
+    features.simInserted = reader.Flag("simInserted", features.simInserted);
     features.other = reader.Rest();
     return features;
 }
@@ -208,6 +210,8 @@ json WriteFeatures(const Features& features) {
     object["fileCount"] = features.fileCount;
     object["vcard"] = features.vcard;
     object["chunkSize"] = features.chunkSize;
+    object["escapeEndsPrompt"] = features.escapeEndsPrompt;
+    object["simInserted"] = features.simInserted;
     return object;
 }
 
@@ -278,19 +282,19 @@ std::string HandsetContent::ToJson() const {
 }
 
 MessageMemory* HandsetContent::Messages(std::string_view name) {
-    if (name == "SM" && simMessages.capacity > 0) return &simMessages;
+    if (name == "SM" && simInserted && simMessages.capacity > 0) return &simMessages;
     if (name == "ME" && phoneMessages.capacity > 0) return &phoneMessages;
     return nullptr;
 }
 
 const MessageMemory* HandsetContent::Messages(std::string_view name) const {
-    if (name == "SM" && simMessages.capacity > 0) return &simMessages;
+    if (name == "SM" && simInserted && simMessages.capacity > 0) return &simMessages;
     if (name == "ME" && phoneMessages.capacity > 0) return &phoneMessages;
     return nullptr;
 }
 
 ContactStorage* HandsetContent::Contacts(std::string_view name) {
-    if (name == "SM" && simContacts.capacity > 0) return &simContacts;
+    if (name == "SM" && simInserted && simContacts.capacity > 0) return &simContacts;
     if (name == "ME" && phoneContacts.capacity > 0) return &phoneContacts;
     return nullptr;
 }

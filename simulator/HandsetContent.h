@@ -65,6 +65,8 @@ struct Features {
     bool fileCount = true;             ///< AT+EFSC
     bool vcard = true;                 ///< AT+EVCARD
     int chunkSize = 1024;              ///< what AT+EFSW? reports
+    bool escapeEndsPrompt = true;
+    bool simInserted = true;
     nlohmann::json other = nlohmann::json::object();
 };
 
@@ -98,6 +100,11 @@ public:
     ContactStorage simContacts;
     ContactStorage phoneContacts;
     nlohmann::json other = nlohmann::json::object();
+
+    /// What the features of the moment say; without a SIM its memory and storage aren't there.
+    bool simInserted = true;
+
+    bool HasSim() const { return simInserted && (simMessages.capacity > 0 || simContacts.capacity > 0); }
 };
 
 }  // namespace tarnbridge::simulator

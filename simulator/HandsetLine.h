@@ -3,6 +3,7 @@
 #include <chrono>
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,8 +44,8 @@ public:
     /// Bytes that the handset says by itself, as they stand.
     void Say(std::string bytes, Time now);
 
-    /// The PC has let go of the device: what is on its way to it is lost.
-    void Desert();
+    /// The PC has let go of the device: what is on its way to it is lost, but not what is late on purpose.
+    void Desert(Time now);
 
     size_t Unheard() const { return wire_.Unheard(); }
     size_t Unsent() const { return wire_.Unsent(); }
@@ -67,6 +68,13 @@ public:
 
     /// As after a new plug, or after its end: the session and all that was on its way are forgotten.
     void Replug();
+
+    /// Who the other phone is, behind `another-phone` and `unplug-after=N,another=1`. At first an empty one.
+    void SetOther(HandsetContent content) { other_ = std::move(content); }
+
+    /// The content of the phone that isn't there now, and whether that is the first one.
+    const HandsetContent& Absent() const { return other_; }
+    bool Exchanged() const { return exchanged_; }
 
     // What the owner of a test or a program looks at and changes.
 
@@ -94,6 +102,7 @@ private:
     public:
         explicit Ear(HandsetLine& line) : line_(line) {}
         bool Hears(const std::string& line) override;
+        bool HearsBody(const Command& command) override;
         std::optional<Answer> Instead(const Command& command, Stage stage) override;
         void Shape(Features& features) const override;
 
@@ -101,16 +110,26 @@ private:
         HandsetLine& line_;
     };
 
+    void Do(const Faults::Deed& deed);
+    void Exchange();
+    void Take(char byte, Time when, std::vector<Piece>& said);
     void Speak(std::vector<Piece> pieces, Time when, bool ends);
+    void GiveUpPrompt(Time now);
+    Time PromptEnd() const;
 
     Faults faults_;
     Ear ear_{*this};
     Handset handset_;
     Wire wire_;
     std::deque<std::string> commands_;
+    HandsetContent other_;
+    bool exchanged_ = false;
     Time busyUntil_{};  // the handset answers one command after the other
+    Time lastHeard_{};
+    std::multimap<Time, std::string> aside_;  // replies that don't hold back others
     bool wanted_ = true;
     std::optional<Time> plugAgain_;
+    bool anotherComes_ = false;
     std::optional<Faults::HangUp> hangUp_;
     std::string heard_;  // for the note
 };

@@ -122,7 +122,7 @@ void HandsetServer::Serve() {
             const std::lock_guard guard(mutex_);
             if (stop_) return;
             const Time now = std::chrono::steady_clock::now();
-            if (ready.deserted) line_.Desert();
+            if (ready.deserted) line_.Desert(now);
             if (ready.readable) {
                 const size_t count = terminal_.Read(buffer.data(), buffer.size());
                 line_.Arrive({buffer.data(), count}, now);
@@ -176,7 +176,7 @@ void HandsetServer::SeeToThePlug(Time now) {
 /// Saves soon after a change, but not between the two halves of an exchange, and gives the moment of the next
 /// look.
 HandsetServer::Time HandsetServer::SaveWhenQuiet(Time now) {
-    if (options_.state.empty() || line_.Phone().Revision() == saved_) {
+    if ((options_.state.empty() && options_.otherState.empty()) || line_.Phone().Revision() == saved_) {
         changedAt_ = Time::max();
         return Time::max();
     }
@@ -188,8 +188,13 @@ HandsetServer::Time HandsetServer::SaveWhenQuiet(Time now) {
 }
 
 Outcome HandsetServer::Save() {
-    if (options_.state.empty()) return std::monostate{};
-    const Outcome saved = WriteFileAtomically(options_.state, line_.Phone().Content().ToJson());
+    const std::filesystem::path& here = line_.Exchanged() ? options_.otherState : options_.state;
+    const std::filesystem::path& elsewhere = line_.Exchanged() ? options_.state : options_.otherState;
+    const auto write = [](const std::filesystem::path& path, const HandsetContent& content) {
+        return path.empty() ? Outcome(std::monostate{}) : WriteFileAtomically(path, content.ToJson());
+    };
+    if (const Outcome saved = write(here, line_.Phone().Content()); !saved) return saved;
+    const Outcome saved = write(elsewhere, line_.Absent());
     if (saved) saved_ = line_.Phone().Revision();
     return saved;
 }

@@ -21,10 +21,11 @@ namespace tarnbridge::simulator {
 class HandsetServer {
 public:
     struct Options {
-        std::filesystem::path link;   ///< where the device stands
-        std::filesystem::path state;  ///< the content is kept there; empty: it is forgotten
-        std::filesystem::path log;    ///< the dialogue; empty: none
-        int baud = 0;                 ///< pace of the bytes in both directions; 0: none
+        std::filesystem::path link;             ///< where the device stands
+        std::filesystem::path state;            ///< the content is kept there; empty: it is forgotten
+        std::filesystem::path log;              ///< the dialogue; empty: none
+        int baud = 0;                           ///< pace of the bytes in both directions; 0: none
+        std::filesystem::path otherState = {};  ///< the same as `state` for the other phone
     };
 
     HandsetServer(HandsetContent content, Faults faults, Options options);
@@ -49,6 +50,9 @@ public:
         const std::lock_guard guard(mutex_);
         return use(line_.Phone());
     }
+
+    /// Who the other phone of the faults is. Before Start.
+    void SetOther(HandsetContent content) { line_.SetOther(std::move(content)); }
 
     /// Puts other faults in the place of the present ones; their counts begin at 0.
     void SetFaults(Faults faults);

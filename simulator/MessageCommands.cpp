@@ -28,7 +28,8 @@ bool Covers(const std::string& selected, std::string_view memory) {
 
 /// What is added to a memory's own locations on the wire.
 int OffsetOf(const HandsetContent& content, std::string_view memory) {
-    return memory == "ME" ? content.simMessages.capacity : 0;
+    const MessageMemory* const sim = content.Messages("SM");
+    return memory == "ME" && sim != nullptr ? sim->capacity : 0;
 }
 
 bool Exists(const HandsetContent& content, const std::string& name) {
@@ -67,6 +68,12 @@ Place Locate(HandsetContent& content, const std::string& selected, const Argumen
             return {memory, own};
     }
     return {};
+}
+
+/// Why there is no such location.
+Answer NoPlace(const Call& call) {
+    const bool gone = call.session.memories[0] == "SM" && call.content.Messages("SM") == nullptr;
+    return Answer::Cms(gone ? simMissing : invalidIndex);
 }
 
 size_t TpduLength(const StoredMessage& message) {
@@ -137,7 +144,7 @@ Answer ReadMessage(Call& call) {
     if (call.command.form == Form::Test) return Answer::Ok();
     if (call.command.form != Form::Set) return Answer::Error();
     const Place place = Locate(call.content, call.session.memories[0], call.command.At(0));
-    if (place.memory == nullptr) return Answer::Cms(invalidIndex);
+    if (place.memory == nullptr) return NoPlace(call);
     StoredMessage* message = place.Find();
     if (message == nullptr) return call.features.emptyIsOk ? Answer::Ok() : Answer::Cms(invalidIndex);
     call.Line(fmt::format("+CMGR: {},,{}", message->stat, TpduLength(*message)));
@@ -222,6 +229,7 @@ Answer SendMessage(Call& call) {
     if (call.command.form != Form::Set) return Answer::Error();
     const int length = call.command.At(0).Number().value_or(0);
     if (length == 0 || call.command.arguments.size() > 1) return Answer::Cms(invalidPdu);
+    if (!call.content.HasSim()) return Answer::Cms(simMissing);
     return Answer::Body([length](Call& later, const std::string& body) {
         const auto pdu = Accept(body, length);
         if (!pdu || !pdu->submit) return Answer::Cms(invalidPdu);
@@ -253,9 +261,7 @@ Answer DeleteMessage(Call& call) {
     if (flag < 0 || flag > 4) return Answer::Cms(notAllowed);
     if (flag == 0) {
         const Place place = Locate(call.content, selected, call.command.At(0));
-        if (place.memory == nullptr || place.memory->items.erase(place.location) == 0) {
-            return Answer::Cms(invalidIndex);
-        }
+        if (place.memory == nullptr || place.memory->items.erase(place.location) == 0) return NoPlace(call);
         call.Changed();
         return Answer::Ok();
     }

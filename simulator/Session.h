@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <chrono>
+#include <optional>
 #include <string>
 
 #include "simulator/HandsetContent.h"
@@ -9,7 +11,7 @@ namespace tarnbridge::simulator {
 
 /// What the handset remembers for one connection, with the values that it has when it is plugged in.
 struct Session {
-    /// As after a new plug or ATZ. The counts of the session before go on.
+    /// As after a new plug or ATZ. The counts and the clock of the session before go on.
     static Session Begin(const HandsetContent& content, const Features& features, const Session& before);
 
     bool echo = true;
@@ -21,7 +23,11 @@ struct Session {
     int messageService = 0;
     std::array<int, 5> indications{0, 0, 0, 0, 0};  ///< of AT+CNMI
     int registrationReports = 0;
+    int packetReports = 0;
+    bool packetService = true;
     int operatorFormat = 0;
+    std::chrono::seconds clockAhead{0};   ///< of the phone's clock before the one that it is given
+    std::optional<int> minutesEastOfUtc;  ///< where the PC has told the phone its zone
     unsigned messageReference = 0;
     unsigned changes = 0;  ///< how often the content was changed
 };

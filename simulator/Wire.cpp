@@ -30,7 +30,7 @@ size_t Wire::CountAt(const Transmission& transmission, Time now) const {
 
 void Wire::Arrive(std::string_view bytes, Time now) {
     if (bytes.empty()) return;
-    in_.push_back({std::string(bytes), std::max(inFree_, now)});
+    in_.push_back({std::string(bytes), now, std::max(inFree_, now)});
     inFree_ = TimeOf(in_.back(), bytes.size());
     unheard_ += bytes.size();
 }
@@ -49,7 +49,7 @@ std::optional<Wire::Heard> Wire::Hear(Time now) {
 void Wire::Say(std::string bytes, Time earliest) {
     if (bytes.empty()) return;
     unsent_ += bytes.size();
-    out_.push_back({std::move(bytes), std::max(outFree_, earliest)});
+    out_.push_back({std::move(bytes), earliest, std::max(outFree_, earliest)});
     outFree_ = TimeOf(out_.back(), out_.back().bytes.size());
 }
 
@@ -81,14 +81,17 @@ Wire::Time Wire::NextDue() const {
     return TimeOf(first, count);
 }
 
-void Wire::Hush() {
-    out_.clear();
+void Wire::Hush(Time now) {
+    const std::deque<Transmission> before = std::exchange(out_, {});
     unsent_ = 0;
     outFree_ = Time{};
+    for (const Transmission& transmission : before) {
+        if (transmission.earliest > now) Say(transmission.bytes, transmission.earliest);
+    }
 }
 
 void Wire::Clear() {
-    Hush();
+    Hush(Time::max());
     in_.clear();
     unheard_ = 0;
     inFree_ = Time{};

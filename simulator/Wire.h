@@ -54,8 +54,8 @@ public:
     size_t Unsent() const { return unsent_; }
     bool Silent() const { return out_.empty(); }
 
-    /// Drops what is on its way to the PC.
-    void Hush();
+    /// Drops what is on its way to the PC at `now`. What wasn't to begin before a later moment still comes.
+    void Hush(Time now);
 
     /// Drops all that is on its way, as a pulled plug does.
     void Clear();
@@ -63,6 +63,7 @@ public:
 private:
     struct Transmission {
         std::string bytes;
+        Time earliest;  ///< when it might have begun on a free line
         Time start;
         size_t passed = 0;  ///< bytes that were heard or delivered
     };

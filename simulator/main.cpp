@@ -46,6 +46,7 @@ int main(int argc, char** argv) {
     HandsetServer::Options options;
     std::vector<std::string> specifications;
     std::string seed = "demo";
+    std::string otherSeed;
     CLI::App app("Plays a phone that speaks AT commands on a pseudo-terminal, until SIGINT or SIGTERM.",
                  "virtual-handset");
     app.add_option("--link", options.link,
@@ -61,7 +62,11 @@ int main(int argc, char** argv) {
         ->allow_extra_args(false);
     app.add_option("--seed", seed, "Content of a phone without a state file: demo (the default) or empty")
         ->check(CLI::IsMember({"demo", "empty"}));
-    app.footer(Faults::Help());
+    app.add_option("--other-state", options.otherState,
+                   "The same as --state for the phone that the faults put in this one's place");
+    app.add_option("--other-seed", otherSeed, "The same as --seed for it; if neither is said, it is empty")
+        ->check(CLI::IsMember({"demo", "empty"}));
+    app.footer(Fault::Help());
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -73,8 +78,12 @@ int main(int argc, char** argv) {
     Result<HandsetContent> content = Load(options.state, seed);
     if (!content) return Fail(failed, content.Failure().text);
 
+    Result<HandsetContent> other = Load(options.otherState, otherSeed.empty() ? "empty" : otherSeed);
+    if (!other) return Fail(failed, other.Failure().text);
+
     TerminationSignal termination;
     HandsetServer server(std::move(*content), std::move(*faults), options);
+    if (!options.otherState.empty() || !otherSeed.empty()) server.SetOther(std::move(*other));
     if (const Outcome started = server.Start(); !started) return Fail(failed, started.Failure().text);
     fmt::print("virtual-handset: ready at {}\n", options.link.string());
     std::fflush(stdout);

@@ -18,11 +18,31 @@ Dialogue With(const std::vector<std::string>& faults) {
 const std::string signal = Line("+CSQ: 18,99") + ok;
 
 TEST(Faults, RefuseSpecificationsThatMeanNothing) {
-    for (const char* specification :
-         {"", "silence", "silent-after", "silent-after=x", "silent-after=-1", "silent-after=3,bytes=2",
-          "split=0", "delay=5,after=", "delay=5,after=soon", "refuse=+CSCS,after=handshake", "error=+CMGW",
-          "error=:3", "error=+CMGW:x", "unsolicited-pdu=RING", "empty-location=3", "store-query=4",
-          "echo-lost=1", "channel-mode=5", "asleep=99999999999"}) {
+    for (const char* specification : {"",
+                                      "silence",
+                                      "silent-after",
+                                      "silent-after=x",
+                                      "silent-after=-1",
+                                      "silent-after=3,bytes=2",
+                                      "split=0",
+                                      "delay=5,after=",
+                                      "delay=5,after=soon",
+                                      "refuse=+CSCS,after=handshake",
+                                      "error=+CMGW",
+                                      "error=:3",
+                                      "error=+CMGW:x",
+                                      "lost=AT,each=0",
+                                      "late=+CMGR",
+                                      "late=:5",
+                                      "alter-octet=0",
+                                      "lost,body=1",
+                                      "no-escape=1",
+                                      "unsolicited-pdu=RING",
+                                      "empty-location=3",
+                                      "store-query=4",
+                                      "echo-lost=1",
+                                      "channel-mode=5",
+                                      "asleep=99999999999"}) {
         EXPECT_FALSE(Faults::Parse({specification})) << specification;
     }
     EXPECT_TRUE(
@@ -80,10 +100,51 @@ TEST(Faults, PutLinesWhereTheyMayStand) {
     }
 }
 
+TEST(Faults, StrikeSingleRepliesAtTheirPlace) {
+    const std::string spoilt = Line("+CSQ:18,99") + ok;
+    struct Row {
+        const char* fault;
+        std::vector<std::string> answers;  // to AT+CSQ, AT, AT+CSQ
+    };
+    const Row rows[] = {
+        {"lost=+CSQ", {"", ok, ""}},
+        {"lost=+csq,after=1", {signal, ok, ""}},
+        {"lost,after=2,times=1", {signal, "", signal}},
+        {"lost,each=2", {"", ok, ""}},
+        {"doubled=+CSQ,times=1", {signal + signal, ok, signal}},
+        {"lose-octet=+CSQ:8", {spoilt, ok, spoilt}},
+        {"alter-octet=3,after=2,times=1", {signal, "\r\nNK\r\n", signal}},
+        {"alter-octet=999", {signal, ok, signal}},
+        {"refuse,after=2", {signal, error, error}},
+        {"error=14,after=3", {signal, ok, Line("+CME ERROR: 14")}},
+    };
+    for (const Row& row : rows) {
+        Dialogue dialogue = With({row.fault});
+        const std::vector<std::string> answers{dialogue.Ask("AT+CSQ"), dialogue.Ask("AT"),
+                                               dialogue.Ask("AT+CSQ")};
+        EXPECT_EQ(answers, row.answers) << row.fault;
+    }
+}
+
+/// What is lost was carried out, what wasn't heard was not; a body is a place of its own.
+TEST(Faults, TellLostFromUnheard) {
+    const auto stored = [](const char* fault) {
+        Dialogue dialogue = With({fault});
+        const std::string answer = dialogue.Send("AT+CMGW=18,2", submit);
+        return std::pair(answer, dialogue.handset.Content().simMessages.items.size());
+    };
+    EXPECT_EQ(stored("lost=+CMGW"), std::pair(std::string("no prompt: "), size_t{1}));
+    EXPECT_EQ(stored("lost=>"), std::pair(std::string(), size_t{2}));
+    EXPECT_EQ(stored("unheard=+CMGW>"), std::pair(std::string(), size_t{1}));
+    EXPECT_EQ(stored("unheard=+CMGS>"), std::pair(Line("+CMGW: 2") + ok, size_t{2}));
+}
+
 TEST(Faults, MakeNoiseThatOpensNoLine) {
     const std::string heard = With({"garbage=200"}).Ask("AT+CSQ");
     EXPECT_EQ(heard.substr(200), signal);
     EXPECT_EQ(heard.substr(0, 200).find_first_of("\r\n"), std::string::npos);
+    EXPECT_EQ(With({"lower-case"}).Ask("AT+CMGR=1"),
+              Line("+CMGR: 1,,24") + "00040b915155100003f200007030415190624005e8329bfd06\r\n" + ok);
 }
 
 TEST(Faults, CutAndDelay) {
@@ -140,6 +201,18 @@ TEST(Faults, SleepUntilWoken) {
     EXPECT_EQ(dialogue.Ask("AT+ESLP=0"), "AT+ESLP=0\r");
     EXPECT_EQ(dialogue.Ask("AT+ESLP=0"), "AT+ESLP=0\r");
     EXPECT_EQ(dialogue.Ask("AT+ESLP=0"), std::string("AT+ESLP=0\r") + ok);
+
+    Dialogue again = With({"sleeps-after=1000"});
+    const auto at = [&](Milliseconds time, const char* command) {
+        again.faults.SetTime(Faults::Time(time));
+        return again.Ask(command);
+    };
+    EXPECT_EQ(at(999ms, "AT"), ok);
+    EXPECT_EQ(at(1998ms, "AT"), ok);
+    EXPECT_EQ(at(2998ms, "AT"), "");
+    EXPECT_EQ(at(2998ms, "AT+ESLP=0"), ok);
+    EXPECT_EQ(at(2998ms, "AT+ESLP=1"), ok);
+    EXPECT_EQ(at(2998ms, "AT"), "");
 }
 
 TEST(Faults, HangUp) {

@@ -62,6 +62,12 @@ TEST(Handset, AnswersAsFeaturesSay) {
                        {"AT+EFSR", ok},
                        {"AT+EFSW?", Line("+EFSW: 1024") + ok},
                        {"AT+EFSC=?", ok},
+                       {"AT+CMGR=1", error},
+                       {"AT+CPBR=1", error},
+                       {"AT+EQUERY=0", error},
+                       {"AT+CSQ", Line("+CSQ: 18,99") + ok},
+                       {"AT+ESUO=4", ok},
+                       {"AT+EFSW?", error},
                        {"AT+EVCARD=?", ok},
                        {"AT+EVCARD=1,2", error},
                        {"AT+EQUERY=0", Line("+CMGW: (0-3)") + ok},
@@ -72,7 +78,13 @@ TEST(Handset, AnswersAsFeaturesSay) {
                        {"AT+CSCS=\"8859-1\"", Line("+CME ERROR: 3")},
                    });
     Features& features = dialogue.handset.Content().features;
-    features = {"ERROR", false, 0, false, false, false, 64, {}};
+    features = {.storeQuery = "ERROR",
+                .emptyIsOk = false,
+                .channelMode = 0,
+                .packedUcs2 = false,
+                .fileCount = false,
+                .vcard = false,
+                .chunkSize = 64};
     Hold(dialogue, {
                        {"AT+ESUO=3", error},
                        {"AT+EFSW?", Line("+EFSW: 64") + ok},
@@ -86,6 +98,34 @@ TEST(Handset, AnswersAsFeaturesSay) {
     features.storeQuery = "3";
     features.channelMode = -1;
     Hold(dialogue, {{"AT+EQUERY=0", Line("+CMGW: 3") + ok}, {"AT+ESUO?", error}});
+}
+
+TEST(Handset, SaysWhatAPhoneWithoutASimSays) {
+    Dialogue dialogue;
+    dialogue.handset.Content().features.simInserted = false;
+    Hold(dialogue, {
+                       {"AT+CPIN?", Line("+CME ERROR: 10")},
+                       {"AT+CIMI", Line("+CME ERROR: 10")},
+                       {"AT+CREG?", Line("+CREG: 0,0") + ok},
+                       {"AT+CGATT?", Line("+CGATT: 0") + ok},
+                       {"AT+CPMS=?", Line("+CPMS: (\"ME\",\"MT\"),(\"ME\",\"MT\"),(\"ME\",\"MT\")") + ok},
+                       {"AT+CMGR=1", Line("+CMS ERROR: 310")},
+                       {"AT+CPMS=\"SM\"", Line("+CMS ERROR: 310")},
+                       {"AT+CPMS=\"MT\"", Line("+CPMS: 0,200,0,0,0,0") + ok},
+                       {"AT+CMGS=18", Line("+CMS ERROR: 310")},
+                       {"AT+CPBS=\"SM\"", Line("+CME ERROR: 10")},
+                   });
+}
+
+TEST(Handset, KeepsItsOwnTime) {
+    Dialogue dialogue;
+    Hold(dialogue, {
+                       {"AT+CCLK?", Line("+CCLK: \"07/03/14,15:09:26+04\"") + ok},
+                       {"AT+CCLK=\"08/02/28,23:59:60\"", Line("+CME ERROR: 3")},
+                       {"AT+CCLK=\"08/02/30,23:59:59\"", Line("+CME ERROR: 3")},
+                       {"AT+CCLK=\"99/12/31,23:59:59-20\"", ok},
+                       {"AT+CCLK?", Line("+CCLK: \"99/12/31,23:59:59-20\"") + ok},
+                   });
 }
 
 TEST(Handset, GivesErrorsInTheChosenForm) {

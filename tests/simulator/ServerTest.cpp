@@ -107,7 +107,7 @@ TEST(Server, LeavesNothingToTheNextUser) {
     EXPECT_EQ(second.Ask("AT"), ok);
 }
 
-TEST(Server, GivesABodyUpWhenThePcIsGone) {
+TEST(Server, KeepsItsPromptWhenThePcIsGone) {
     test::VirtualHandset handset;
     {
         Terminal first(handset.Path());
@@ -115,7 +115,10 @@ TEST(Server, GivesABodyUpWhenThePcIsGone) {
         first.Write("AT+CMGW=18,2\r");
         EXPECT_EQ(first.Until("> "), "\r\n> ");
     }
-    EXPECT_EQ(Terminal(handset.Path()).Ask("AT"), ok);
+    Terminal second(handset.Path());
+    second.Write("AT\r\x1b");
+    EXPECT_EQ(second.Until(ok), ok) << "that was a body, and Escape has ended it";
+    EXPECT_EQ(second.Ask("AT"), ok);
 }
 
 TEST(Server, ComesBackBehindTheSameLink) {
@@ -239,6 +242,22 @@ TEST(Program, ServesUntilItIsToldToStop) {
     }
     EXPECT_EQ(HandsetContent::FromJson(*ReadFile(state))->simContacts.items.size(), 2u)
         << "a change just before the end is saved, and the second run began with the first one's state";
+}
+
+TEST(Program, KeepsTwoPhonesApart) {
+    const test::TemporaryFolder folder;
+    const std::string link = (folder / "link").string();
+    const fs::path states[] = {folder / "first.json", folder / "second.json"};
+    Program program({"--link", link, "--state", states[0].string(), "--other-state", states[1].string(),
+                     "--seed", "empty", "--fault", "another-phone=+CPBW=2"});
+    ASSERT_EQ(program.Line(), "virtual-handset: ready at " + link);
+    Terminal(link).Ask("AT+CPBW=1,\"5550101\",129,\"One\"");
+    Terminal(link).Ask("AT+CPBW=2,\"5550102\",129,\"Two\"");
+    EXPECT_EQ(program.End(SIGTERM), 0);
+    for (const int slot : {1, 2}) {
+        const auto items = HandsetContent::FromJson(*ReadFile(states[slot - 1]))->simContacts.items;
+        EXPECT_TRUE(items.size() == 1 && items.contains(slot)) << slot;
+    }
 }
 
 TEST(Program, RefusesClearlyAndSparesTheState) {

@@ -42,7 +42,7 @@ public:
         const std::lock_guard guard(phone_.mutex_);
         if (phone_.open_ != this) return;
         phone_.open_ = nullptr;
-        if (!lost_) phone_.line_.Desert();
+        if (!lost_) phone_.line_.Desert(phone_.time_.Exactly());
     }
 
     LinkKind Kind() const override { return LinkKind::Modem; }
@@ -209,6 +209,8 @@ void SimulatedPhone::Reached(VirtualTime::Moment) {
 void SimulatedPhone::Pump() {
     const VirtualTime::Moment now = time_.Exactly();
     if (plugged_) line_.Advance(now);
+    while (open_ == nullptr && !line_.Due(now).empty())
+        line_.Deliver(line_.Due(now).size());  // bytes that nobody listens to are lost
     const bool wanted = line_.WantsPlug(now);
     if (wanted != std::exchange(plugged_, wanted)) {
         line_.Replug();
