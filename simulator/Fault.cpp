@@ -145,9 +145,10 @@ Faults of the line:
   silent-after=N            answers N commands and then nothing any more
   silent-midline=N          breaks off in the middle of the first line that answers command N (or after
       [,bytes=K]            K bytes of it) and then says nothing any more
-  garbage[=K]               K bytes of noise (16) before each reply
-  unsolicited=TEXT          this line before every line of a reply (or only before line G of each, from 1);
-      [,gap=G]              without TEXT or with `all`: RING, NO CARRIER, +CMTI, +CBMI ... in turn
+  garbage[=K]               K bytes of noise (16) before each reply, and as a line before each PDU
+  unsolicited=TEXT          this line before every line of a reply, a PDU among them (or only before line
+      [,gap=G]              G of each, from 1); without TEXT or with `all`: RING, NO CARRIER, +CMTI,
+                            +CBMI ... in turn
   unsolicited-in-message=TEXT   this line between +CMGR: or +CMGL: and its PDU
   unsolicited-pdu=+CMT      a message that is delivered directly before each reply: +CMT, +CBM or +CDS
   split=K[,gap=MS]          replies cut into pieces of K bytes, 1 ms (or MS) apart

@@ -164,10 +164,12 @@ void Faults::Shape(Features& features) const {
 std::vector<std::string> Faults::LinesBefore(const Piece& piece, int gap) {
     std::vector<std::string> lines;
     const bool pdu = piece.kind == Piece::Kind::Pdu;
+    const Fault* const garbage = Find("garbage");
+    if (pdu && garbage != nullptr) lines.push_back(Framed(Garbage(garbage->numbered ? garbage->number : 16)));
     for (const Fault& fault : faults_) {
         const bool here = fault.name == "unsolicited-in-message"
                               ? pdu
-                              : !pdu && fault.name == "unsolicited" && fault.With("gap", gap) == gap;
+                              : fault.name == "unsolicited" && fault.With("gap", gap) == gap;
         if (!here) continue;
         const bool all = fault.name == "unsolicited" && (fault.text.empty() || fault.text == "all");
         lines.push_back(Framed(all ? unsolicitedLines[nextUnsolicited_++ % unsolicitedLines.size()]
@@ -278,8 +280,7 @@ std::vector<Faults::Sound> Faults::Apply(std::vector<Piece> pieces) {
         }
         if (piece.kind == Piece::Kind::Information || piece.kind == Piece::Kind::Pdu ||
             piece.kind == Piece::Kind::Final) {
-            if (piece.kind != Piece::Kind::Pdu) ++gap;
-            for (std::string& line : LinesBefore(piece, gap))
+            for (std::string& line : LinesBefore(piece, ++gap))
                 reply.push_back({std::move(line)});
         }
         if (piece.kind == Piece::Kind::Pdu && lowerCase) {
