@@ -155,9 +155,8 @@ void AddLinkCommands(CLI::App& app, Action& chosen) {
     CLI::App* at = app.add_subcommand("at", "Send one AT command and show the parsed response");
     at->add_option("TEXT", options->text, "The command, without its carriage return, such as AT+CSQ")
         ->required();
-    at->add_option(
-        "--prefix", options->prefix,
-        "Show only response lines of this prefix, given without its colon; by default all lines");
+    at->add_option("--prefix", options->prefix,
+                   "Show only response lines of this prefix, given without its colon; by default all lines");
     at->add_option(
           "--timeout", options->timeout,
           "Milliseconds to wait for the result, and with --body for the prompt too, then rounded up to whole "

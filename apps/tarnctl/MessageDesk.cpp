@@ -111,7 +111,8 @@ std::string WordsOfReading(SmsRecord::Reading reading, int error) {
         case SmsRecord::Reading::NoAnswer:
             return "the handset did not answer in time";
         case SmsRecord::Reading::Refused:
-            return error < 0 ? "the handset refused to give it" : fmt::format("the handset gave error {}", error);
+            return error < 0 ? "the handset refused to give it"
+                             : fmt::format("the handset gave error {}", error);
         case SmsRecord::Reading::Empty:
         case SmsRecord::Reading::Found:
             break;
@@ -124,15 +125,16 @@ ExitCode MessageDesk::Download(const std::u16string& memory) {
     Run(download);
     const MessageDownload::Report& report = download.GetReport();
     for (const MessageDownload::Unread& unread : report.unread) {
-        PrintWords(fmt::format("{} {}: {}", TextToUtf8(unread.memory), unread.location,
-                               WordsOfReading(unread.answered ? SmsRecord::Reading::Refused
-                                                              : SmsRecord::Reading::NoAnswer,
-                                              unread.error)));
+        PrintWords(fmt::format(
+            "{} {}: {}", TextToUtf8(unread.memory), unread.location,
+            WordsOfReading(unread.answered ? SmsRecord::Reading::Refused : SmsRecord::Reading::NoAnswer,
+                           unread.error)));
     }
     for (const std::u16string& refused : report.refused)
         PrintWords(fmt::format("{}: the handset did not open this memory", TextToUtf8(refused)));
     if (report.missing > 0)
-        PrintWords(fmt::format("the handset counts more messages than it gave: {} are missing", report.missing));
+        PrintWords(
+            fmt::format("the handset counts more messages than it gave: {} are missing", report.missing));
     if (report.noMemory) PrintWords(TextToUtf8(Words(Word::NoMessageInHandset)));
     if (download.LostHandset()) PrintWords(TextToUtf8(Words(Word::HandsetLost)));
     if (download.WasCancelled()) PrintWords("cancelled");

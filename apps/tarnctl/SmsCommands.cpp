@@ -62,8 +62,9 @@ ExitCode ListLocations(Connection& connection, const std::string& memory, bool j
         progress.Show(fmt::format("Reading {} {} of {}", memory, i, total));
         ATResult result;
         if (ReadLocation(link, memory, offset + i, json, result)) continue;
-        PrintWords(fmt::format("{} {}: {}", memory, offset + i,
-                               connection.Cancelled() ? "cancelled" : ExplainResult(connection.Link(), result)));
+        PrintWords(
+            fmt::format("{} {}: {}", memory, offset + i,
+                        connection.Cancelled() ? "cancelled" : ExplainResult(connection.Link(), result)));
         code = OperationFailed;
         // Without an answer there is no point in asking on; an error holds for its location alone.
         if (result.lines.empty()) break;

@@ -1335,6 +1335,21 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Zeit:</translation>
     </message>
     <message>
+        <source>Unreadable: %s</source>
+        <comment>UnreadableMessage</comment>
+        <translation>Nicht lesbar: %s</translation>
+    </message>
+    <message>
+        <source>Arrives as: %s</source>
+        <comment>ArrivesAs</comment>
+        <translation>Kommt an als: %s</translation>
+    </message>
+    <message>
+        <source>Letters that will arrive otherwise: %s</source>
+        <comment>ArrivingOtherwise</comment>
+        <translation>Buchstaben, die anders ankommen: %s</translation>
+    </message>
+    <message>
         <source>Folder:</source>
         <comment>ReaderFolder</comment>
         <translation>Ordner:</translation>

@@ -7,13 +7,27 @@
 namespace tarnbridge {
 namespace {
 
+constexpr char localEuro = '\x80';
+constexpr char16_t euro = u'\u20AC';
+
 struct ExtensionPair {
     char local;
     char gsm;
 };
 
-constexpr ExtensionPair extensionPairs[] = {{'|', 0x40}, {'^', 0x14}, {'{', 0x28}, {'}', 0x29},
-                                            {'[', 0x3C}, {'~', 0x3D}, {']', 0x3E}, {'\\', 0x2F}};
+constexpr ExtensionPair extensionPairs[] = {{'|', 0x40}, {'^', 0x14},  {'{', 0x28},
+                                            {'}', 0x29}, {'[', 0x3C},  {'~', 0x3D},
+                                            {']', 0x3E}, {'\\', 0x2F}, {localEuro, 0x65}};
+
+/// Letters of the GSM alphabet that no local byte stands for.
+struct GreekLetter {
+    char gsm;
+    char16_t character;
+};
+
+constexpr GreekLetter greekLetters[] = {
+    {0x10, u'\u0394'}, {0x12, u'\u03A6'}, {0x13, u'\u0393'}, {0x14, u'\u039B'}, {0x15, u'\u03A9'},
+    {0x16, u'\u03A0'}, {0x17, u'\u03A8'}, {0x18, u'\u03A3'}, {0x19, u'\u0398'}, {0x1A, u'\u039E'}};
 
 /// A run of local bytes that go out as one GSM value, or as themselves.
 struct FoldedRun {
@@ -47,6 +61,8 @@ constexpr ByteMap MakeWritingMap() {
     }
     for (const ExtensionPair& pair : extensionPairs)
         map[static_cast<uint8_t>(pair.local)] = pair.gsm;
+    for (const GreekLetter& letter : greekLetters)
+        map[static_cast<uint8_t>(letter.gsm)] = letter.gsm;
     map[static_cast<uint8_t>(gsmEscape)] = gsmEscape;
     return map;
 }
@@ -70,16 +86,56 @@ constexpr ByteMap MakeReadingMap() {
     return map;
 }
 
+constexpr ByteMap MakePartMap() {
+    ByteMap map = MakeReadingMap();
+    for (const GreekLetter& letter : greekLetters)
+        map[static_cast<uint8_t>(letter.gsm)] = letter.gsm;
+    return map;
+}
+
+constexpr std::array<char16_t, 256> MakeCharacters() {
+    std::array<char16_t, 256> characters{};
+    for (int byte = 0; byte < 256; ++byte)
+        characters[byte] = static_cast<char16_t>(byte);
+    characters[static_cast<uint8_t>(localEuro)] = euro;
+    for (const GreekLetter& letter : greekLetters)
+        characters[static_cast<uint8_t>(letter.gsm)] = letter.character;
+    return characters;
+}
+
 constexpr ByteMap writingMap = MakeWritingMap();
 constexpr ByteMap readingMap = MakeReadingMap();
+constexpr ByteMap partMap = MakePartMap();
+constexpr std::array<char16_t, 256> characters = MakeCharacters();
+
+/// \param sticky  whether an escape stays in force until an extension character comes
+void ReadGsm(std::span<char> text, const ByteMap& map, bool sticky) {
+    const size_t firstEscape = std::string_view(text.data(), text.size()).find(gsmEscape);
+    const size_t plain = std::min(firstEscape, text.size());
+    for (char& c : text.first(plain))
+        c = map[static_cast<uint8_t>(c)];
+    bool escaped = false;
+    for (char& c : text.subspan(plain)) {
+        const char code = c;
+        c = map[static_cast<uint8_t>(code)];
+        if (code == gsmEscape) {
+            escaped = true;
+        } else if (escaped) {
+            const auto* const pair = std::find_if(std::begin(extensionPairs), std::end(extensionPairs),
+                                                  [code](const auto& one) { return one.gsm == code; });
+            const bool isPair = pair != std::end(extensionPairs);
+            if (isPair) c = pair->local;
+            escaped = sticky && !isPair;
+        }
+    }
+}
 
 }  // namespace
 
-bool IsGsmExtension(char16_t unit) {
-    for (const ExtensionPair& pair : extensionPairs) {
-        if (static_cast<char16_t>(pair.local) == unit) return true;
-    }
-    return false;
+bool IsGsmExtension(char16_t character) {
+    return std::any_of(std::begin(extensionPairs), std::end(extensionPairs), [character](const auto& pair) {
+        return CharacterOfPart(static_cast<uint8_t>(pair.local)) == character;
+    });
 }
 
 std::string ToGsmAlphabet(std::string_view local) {
@@ -100,25 +156,32 @@ std::string FromGsmAlphabet(std::string_view gsm) {
 }
 
 void FromGsmAlphabet(std::span<char> text) {
-    const size_t firstEscape = std::string_view(text.data(), text.size()).find(gsmEscape);
-    const size_t plain = std::min(firstEscape, text.size());
-    for (char& c : text.first(plain))
-        c = readingMap[static_cast<uint8_t>(c)];
-    bool escaped = false;
-    for (char& c : text.subspan(plain)) {
-        const char code = c;
-        c = readingMap[static_cast<uint8_t>(code)];
-        if (code == gsmEscape) {
-            escaped = true;
-        } else if (escaped) {
-            for (const ExtensionPair& pair : extensionPairs) {
-                if (pair.gsm != code) continue;
-                c = pair.local;
-                escaped = false;
-                break;
-            }
-        }
+    ReadGsm(text, readingMap, true);
+}
+
+void FromGsmToPart(std::span<char> text) {
+    ReadGsm(text, partMap, false);
+}
+
+char16_t CharacterOfPart(char16_t byte) {
+    return byte < characters.size() ? characters[byte] : byte;
+}
+
+char16_t PartOfCharacter(char16_t character) {
+    if (character == euro) return static_cast<uint8_t>(localEuro);
+    for (const GreekLetter& letter : greekLetters) {
+        if (letter.character == character) return static_cast<uint8_t>(letter.gsm);
     }
+    return character;
+}
+
+std::u16string TextOfPart(std::string_view part) {
+    std::u16string text;
+    text.reserve(part.size());
+    for (const char byte : part) {
+        if (byte != gsmEscape) text.push_back(characters[static_cast<uint8_t>(byte)]);
+    }
+    return text;
 }
 
 }  // namespace tarnbridge

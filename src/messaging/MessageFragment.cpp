@@ -38,7 +38,7 @@ std::u16string CleanText(std::u16string_view text, bool latinOnly) {
         } else if (unit == u'\t') {
             clean.push_back(u' ');
         } else if (!IsUnshowable(unit)) {
-            clean.push_back(latinOnly && unit > 0xFF ? u'?' : unit);
+            clean.push_back(latinOnly && PartOfCharacter(unit) > 0xFF ? u'?' : unit);
             if (latinOnly && IsHighSurrogate(unit) && isPairLeft && IsLowSurrogate(text[at + 1])) ++at;
         }
     }
@@ -55,7 +55,7 @@ std::u16string MessageText(std::u16string_view clean, bool ucs2) {
     for (const char16_t unit : clean) {
         if (unit == u'\n') text.push_back(u'\r');
         if (!ucs2 && IsGsmExtension(unit)) text.push_back(gsmEscape);
-        text.push_back(unit);
+        text.push_back(ucs2 ? unit : PartOfCharacter(unit));
     }
     return text;
 }

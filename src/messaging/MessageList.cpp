@@ -5,18 +5,22 @@
 
 #include "core/base/StringTable.h"
 #include "messaging/MessageDownload.h"
+#include "messaging/RecordText.h"
 #include "platform/Text.h"
 
 namespace tarnbridge {
 namespace {
-
-constexpr char16_t extensionMark = 0x1B;
 
 uint64_t Comparable(const SmsTimestamp& time) {
     uint64_t value = static_cast<uint64_t>(time.FullYear());
     for (const uint8_t field : {time.month, time.day, time.hour, time.minute, time.second})
         value = value << 8 | field;
     return value;
+}
+
+std::u16string TextIn(const SmsRecord& record) {
+    std::u16string text = ShownText(record);
+    return record.unreadable ? Words(Word::UnreadableMessage, {text}) : text;
 }
 
 }  // namespace
@@ -27,15 +31,9 @@ void MessageList::Open(const MessageFolder& folder) {
         const std::lock_guard guard(folder.lock);
         rows_.reserve(folder.records.size());
         for (const auto& record : folder.records) {
-            Row row{record.get(),
-                    record->timestamp,
-                    Comparable(record->timestamp),
-                    record->status == smsUnread,
-                    MemoryWords(record->storage),
-                    WidenBytes(record->address.number),
-                    record->TextAsWide()};
-            std::erase(row.text, extensionMark);
-            rows_.push_back(std::move(row));
+            rows_.push_back({record.get(), record->timestamp, Comparable(record->timestamp),
+                             record->status == smsUnread, MemoryWords(record->storage),
+                             WidenBytes(record->address.number), TextIn(*record)});
         }
     }
     Show();
@@ -98,7 +96,7 @@ std::u16string MessageList::CellOf(const Row& row, Column column) {
         case Column::Address:
             return row.address;
         case Column::Time:
-            return WidenBytes(row.timestamp.ToText());
+            return row.timestamp.IsSet() ? WidenBytes(row.timestamp.ToText()) : std::u16string();
         case Column::Text:
             break;
     }

@@ -24,7 +24,7 @@ public:
         bool unread = false;
         std::u16string memory;  ///< as the user sees it
         std::u16string address;
-        std::u16string text;  ///< without the marks 0x1B
+        std::u16string text;  ///< as ShownText has it; of an unreadable one it says so
         std::u16string folded{};
     };
 

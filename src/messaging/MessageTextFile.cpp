@@ -86,7 +86,7 @@ MessageExport WriteMessageText(std::span<const SmsRecord* const> records, const 
     AppendLittleEndian(piece, {&byteOrderMark, 1});
     for (const SmsRecord* const record : records) {
         const std::u16string line = MessageLineOf(*record, page);
-        ++(line.empty() ? result.skipped : result.written);
+        ++(record->unreadable ? result.unreadable : line.empty() ? result.skipped : result.written);
         AppendLittleEndian(piece, line);
         if (piece.size() < pieceSize) continue;
         if (!sink(piece)) return result;

@@ -19,7 +19,8 @@ namespace tarnbridge {
 /// What an export did.
 struct MessageExport {
     size_t written = 0;
-    size_t skipped = 0;  ///< messages without text
+    size_t skipped = 0;     ///< messages without text
+    size_t unreadable = 0;  ///< records that are no messages, left out too
 };
 
 /// Hands the file's bytes to the sink, piece by piece, until it can't take more. Nobody changes the records

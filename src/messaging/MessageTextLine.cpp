@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "messaging/GsmAlphabet.h"
+#include "messaging/RecordText.h"
 #include "messaging/ems/Ems.h"
 #include "platform/Text.h"
 
@@ -13,54 +15,45 @@ constexpr char16_t quote = u'"';
 constexpr size_t longestNumber = 256;
 constexpr size_t longestTime = 64;
 
-constexpr std::u16string_view lostPart = u"(.....)";
-constexpr size_t longestHeader = 140;
-
-/// The text of one part as the EMS layer reads it.
-std::u16string TextOfPart(std::string_view part, bool hasHeader, bool isUcs2) {
-    part = part.substr(0, emsSegmentBuffer);
-    const size_t header = hasHeader && !part.empty() ? static_cast<uint8_t>(part[0]) : 0;
-    if (header >= longestHeader) return std::u16string(lostPart);
-    if (header > 0) part.remove_prefix(std::min(header + 1, part.size()));
-    if (!isUcs2) return WidenBytes(part);
-    std::u16string text;
-    for (size_t i = 0; i + 1 < part.size(); i += 2)
-        text += static_cast<char16_t>(static_cast<uint8_t>(part[i]) << 8 | static_cast<uint8_t>(part[i + 1]));
-    return text;
-}
-
-/// The text that the EmsMessage holds or would hold. A record in a list has none, and there are more records
-/// than slots.
+/// The text that the EmsMessage holds or would hold.
 std::u16string TextOf(const SmsRecord& record) {
-    if (record.emsMessage) return EmsText(*record.emsMessage.Get());
-    const bool isUcs2 = record.dcs == 8;
-    if (record.rawParts.empty()) return isUcs2 ? record.text16 : WidenBytes(record.text8);
-    std::u16string text;
-    for (const std::string& part : record.rawParts)
-        text += TextOfPart(part, record.hasHeader != 0, isUcs2);
-    return text;
+    const bool fromParts = !record.emsMessage && !record.rawParts.empty();
+    return fromParts ? TextOfRawParts(record) : ShownText(record);
 }
 
 std::u16string_view UpToZero(std::u16string_view text) {
     return text.substr(0, text.find(u'\0'));
 }
 
+/// The text with a mark 0x1B in front of each character that needs one, or with none in front of these.
+/// Files have both: a mark may have been written by another program.
+std::u16string Marked(std::u16string_view text, bool isUcs2) {
+    std::u16string marked;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const bool isMark = text[i] == gsmEscape && i + 1 < text.size() && IsGsmExtension(text[i + 1]);
+        if (isMark) continue;
+        if (!isUcs2 && IsGsmExtension(text[i])) marked += gsmEscape;
+        marked += text[i];
+    }
+    return marked;
+}
+
 /// Finishes a record out of a text. Its EmsMessage is there for the moment only.
 MessageLineFault FillContent(SmsRecord& record, std::u16string_view text) {
+    record.dcs = std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit > 127; }) ? 8 : 0;
     record.emsMessage = EmsHandle::Make(record.dcs);
     if (!record.emsMessage) return MessageLineFault::NoSlot;
     EmsMessage* const message = record.emsMessage.Get();
     const EmsTextFormat plain;
-    if (!text.empty() && AddText(message, text, &plain) != EmsResult::Done) return MessageLineFault::TooLong;
-    // Coded only now, so that a text that becomes UCS2 loses the marks 0x1B, which mean nothing there.
-    record.dcs = std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit > 127; }) ? 8 : 0;
-    if (EmsSetDcs(message, static_cast<uint8_t>(record.dcs)) != EmsResult::Done || !record.PrepareParts())
+    const std::u16string marked = Marked(text, record.dcs == 8);
+    if (!text.empty() && AddText(message, marked, &plain) != EmsResult::Done)
         return MessageLineFault::TooLong;
+    if (!record.PrepareParts()) return MessageLineFault::TooLong;
     record.hasHeader = record.emsMessage.HasHeader() ? 1 : 0;
     if (record.dcs == 8)
         record.text16 = EmsText(*message);
     else
-        record.text8.assign(text.begin(), text.end());
+        record.text8.assign(marked.begin(), marked.end());
     record.emsMessage = {};
     return MessageLineFault::None;
 }
@@ -68,6 +61,7 @@ MessageLineFault FillContent(SmsRecord& record, std::u16string_view text) {
 }  // namespace
 
 std::u16string MessageLineOf(const SmsRecord& record, const CodePage& page) {
+    if (record.unreadable) return {};
     const std::u16string whole = TextOf(record);
     const std::u16string_view text = UpToZero(whole);
     if (text.empty()) return {};
@@ -78,7 +72,9 @@ std::u16string MessageLineOf(const SmsRecord& record, const CodePage& page) {
         }
     };
     // Doubled in the number, quotation marks would move the fields behind it.
-    append(UpToZero(page.ToText(record.address.number)), 0);
+    std::u16string number = page.ToText(record.address.number);
+    std::erase(number, static_cast<char16_t>(gsmEscape));
+    append(UpToZero(number), 0);
     line += u"\"\t\"";
     line += WidenBytes(record.timestamp.ToFileText());
     line += u"\"\t\"";

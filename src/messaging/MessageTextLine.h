@@ -10,9 +10,9 @@ namespace tarnbridge {
 // A message as a line of text: the number, the time and the text, each in quotation marks, separated by tabs
 // and closed by CR LF. Pictures, sounds and formats aren't part of it.
 
-/// The line with its end, or nothing for a message without text. The text is the one that the EmsMessage
-/// holds or would hold, up to its first U+0000, with marks 0x1B and without CR and LF; a quotation mark is
-/// doubled. The number loses quotation marks, CR and LF. No EmsMessage is made.
+/// The line with its end, or nothing for a message without text and for an unreadable record. The text is the
+/// one that the EmsMessage holds or would hold, up to its first U+0000, without marks 0x1B, CR and LF; a
+/// quotation mark is doubled. The number loses quotation marks, CR and LF. No EmsMessage is made.
 std::u16string MessageLineOf(const SmsRecord& record, const CodePage& page = CodePage::System());
 
 /// Why a line gives no message.
@@ -26,7 +26,7 @@ enum class MessageLineFault {
 /// Reads a line, its end included, into a new record; with a fault the record is of no use. The number is cut
 /// at 256 characters, and the time, which is taken for one of this zone, at 64. The record is composed, in
 /// "PC", UCS2 where a character lies above 127 and else of the GSM alphabet, and has its parts but no
-/// EmsMessage; a slot is needed meanwhile. Marks 0x1B stay but where the text becomes UCS2.
+/// EmsMessage; a slot is needed meanwhile. In the GSM alphabet the characters that need a mark 0x1B get it.
 MessageLineFault ReadMessageLine(std::u16string_view line, int minutesEastOfUtc, SmsRecord& record,
                                  const CodePage& page = CodePage::System());
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "messaging/GsmAlphabet.h"
+#include "messaging/SmsRecord.h"
 #include "messaging/ems/Ems.h"
 #include "messaging/ems/EmsFormats.h"
 #include "messaging/ems/EmsObjects.h"
@@ -19,6 +20,12 @@ char16_t ShownCharacter(char16_t unit) {
     return IsUnshowable(unit) ? replacement : unit;
 }
 
+std::u16string CharactersOf(const EmsMessage& message) {
+    std::u16string text = EmsText(message);
+    if (IsSeptetCoding(message.dcs)) std::transform(text.begin(), text.end(), text.begin(), CharacterOfPart);
+    return text;
+}
+
 }  // namespace
 
 bool IsUnshowable(char16_t unit) {
@@ -30,7 +37,7 @@ bool IsUnshowable(char16_t unit) {
 class ShownMessage::Builder {
 public:
     Builder(ShownMessage& shown, const EmsMessage& message)
-        : shown_(shown), text_(EmsText(message)), formats_(text_.size(), nullptr) {
+        : shown_(shown), text_(CharactersOf(message)), formats_(text_.size(), nullptr) {
         for (const EmsObject* node = message.first; node; node = node->next) {
             if (node->kind != EmsKind::TextFormat) continue;
             const size_t begin = std::min<size_t>(node->position / 2, text_.size());

@@ -30,9 +30,10 @@ struct ShownObject {
 };
 
 /// What a reader sees of a message, which may be one from anywhere: a text in which the marks 0x1B are left
-/// out, a line end of either kind or of both is one U+000A, an object is one objectCharacter, and a character
-/// that has no place in a text is U+FFFD. Positions are those of the text's units, 0 to Length(). It is a
-/// copy, and stays what it is when the message changes.
+/// out, the bytes of the default alphabet are the characters that they stand for, a line end of either kind
+/// or of both is one U+000A, an object is one objectCharacter, and a character that has no place in a text is
+/// U+FFFD. Positions are those of the text's units, 0 to Length(). It is a copy, and stays what it is when
+/// the message changes.
 class ShownMessage {
 public:
     ShownMessage() : ShownMessage(EmsMessage()) {}

@@ -74,14 +74,19 @@ SmsAddress ReadServiceCentre(PduBuffer& buffer) {
 
 void WriteAddress(PduBuffer& buffer, const SmsAddress& address) {
     const size_t count = DigitsOf(address).size();
-    const size_t length = address.type == SmsAddress::alphanumeric ? (count * 7 + 6) / 8 * 2 : count;
+    const size_t length = address.type == SmsAddress::alphanumeric ? (count * 7 + 3) / 4 : count;
     buffer.putOctet(static_cast<uint8_t>(length));
     WriteTypeAndDigits(buffer, address);
 }
 
 SmsAddress ReadAddress(PduBuffer& buffer) {
     const int length = buffer.getOctet();
-    return ReadTypeAndDigits(buffer, length, length);
+    const int end = buffer.octetCount() + 1 + (length + 1) / 2;
+    SmsAddress address = ReadTypeAndDigits(buffer, length, length);
+    // Letters may leave an octet of their field over.
+    while (buffer.octetCount() < end && !buffer.overrun())
+        buffer.getOctet();
+    return address;
 }
 
 }  // namespace tarnbridge

@@ -32,7 +32,8 @@ struct SmsAddress {
 void WriteServiceCentre(PduBuffer& buffer, const SmsAddress& address);
 SmsAddress ReadServiceCentre(PduBuffer& buffer);
 
-/// TP-OA or TP-DA (3GPP TS 23.040, 9.1.2.5): the length counts semi-octets.
+/// TP-OA or TP-DA (3GPP TS 23.040, 9.1.2.5): the length counts semi-octets, of letters those that aren't fill
+/// bits alone.
 void WriteAddress(PduBuffer& buffer, const SmsAddress& address);
 SmsAddress ReadAddress(PduBuffer& buffer);
 

@@ -161,10 +161,11 @@ void SmsRecord::encodeDeliver(std::string& hexText, const CodePage& page) {
     buffer.putBit(moreMessages != 0);
     buffer.putBits(0, 2);
     buffer.putBit(statusReport != 0);
-    if (!payload.header.empty()) {
+    if (payload.header.empty())
+        replyPath = 0;
+    else
         hasHeader = 1;
-        buffer.putBit(true);
-    }
+    buffer.putBit(!payload.header.empty());
     buffer.putBit(replyPath != 0);
     WriteAddress(buffer, address);
     buffer.putOctet(protocolId);
@@ -245,6 +246,7 @@ void SmsRecord::ReadUserData(PduBuffer& buffer) {
         const int headerLength = static_cast<int>(userDataHeader.size());
         count -= dcs == 0 ? HeaderSeptets(headerLength) : headerLength + 1;
         if (count < 0) count = length;
+        if (headerLength == 0) hasHeader = 0;
     }
 
     std::array<char, 256> area;
@@ -252,8 +254,9 @@ void SmsRecord::ReadUserData(PduBuffer& buffer) {
     const std::string_view text(received.data(), received.size());
     if (dcs == 0) {
         if (count > 0) buffer.getSeptets(received);
-        FromGsmAlphabet(received);
         text8 = text;
+        FromGsmAlphabet(std::span<char>(text8));
+        FromGsmToPart(received);
     } else {
         buffer.getOctets(received);
         if (dcs == 8) {

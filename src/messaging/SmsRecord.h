@@ -56,7 +56,7 @@ public:
     void encodeSubmit(std::string& hexText, const CodePage& page = CodePage::System());
 
     /// The same with an SMS-DELIVER TPDU, service centre and time as they stand. Without a header, replyPath
-    /// goes out in bit 6 of the first octet: the bit of the header indicator isn't written at all then.
+    /// becomes 0.
     void encodeDeliver(std::string& hexText, const CodePage& page = CodePage::System());
 
     /// Fills the record from an SMS-DELIVER or SMS-SUBMIT TPDU with its TP-SCA in front. False on a character
@@ -91,8 +91,8 @@ public:
     bool PrepareParts();
 
     /// Makes a new EmsMessage of the record's coding out of rawParts, which stay, and takes the text from it.
-    /// False if a part could not be read whole, where the EmsMessage holds what could, or if every slot is
-    /// taken, where there is none.
+    /// False if a part could not be read whole, where the EmsMessage holds what could, or, where there is
+    /// none, if every slot is taken or there are more or longer parts than a message of 10 segments has.
     bool RebuildFromParts();
 
     /// Takes over a message, which must be there, in place of the present content: coding, header and text
@@ -189,7 +189,8 @@ public:
     uint8_t moreMessages = 0;
     uint8_t hasHeader = 0;
     /// The user data of each PDU: where hasHeader, the header's length octet and the header, then the text
-    /// bytes, which are local 8-bit text for dcs 0 and octets as received for all else.
+    /// bytes, which for dcs 0 are those of FromGsmToPart, and octets as received for all else. A header of
+    /// length 0 is none.
     std::vector<std::string> rawParts;
     EmsHandle emsMessage;
     std::array<uint8_t, 23> partDcs{};  ///< codings handed to the EMS reader

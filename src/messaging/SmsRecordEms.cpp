@@ -25,13 +25,18 @@ bool SmsRecord::PrepareParts() {
 }
 
 bool SmsRecord::RebuildFromParts() {
+    emsMessage = {};
+    const bool fits = rawParts.size() <= emsSegments &&
+                      std::all_of(rawParts.begin(), rawParts.end(),
+                                  [](const std::string& part) { return part.size() <= emsSegmentBuffer; });
+    if (!fits) return false;
     emsMessage = EmsHandle::Make(dcs);
     if (!emsMessage) return false;
     std::vector<const uint8_t*> buffers;
     std::vector<int> lengths;
     for (const std::string& part : rawParts) {
         buffers.push_back(reinterpret_cast<const uint8_t*>(part.data()));
-        lengths.push_back(static_cast<int>(std::min<size_t>(part.size(), emsSegmentBuffer)));
+        lengths.push_back(static_cast<int>(part.size()));
     }
     const auto coding = static_cast<uint8_t>(emsMessage.Get()->dcs);
     partDcs.fill(coding);
@@ -76,7 +81,7 @@ bool SmsRecord::SettleParts() {
     return true;
 }
 
-/// The layer holds a text that isn't UCS2 byte by byte.
+/// The layer holds a text that isn't UCS2 byte by byte, as the parts have it.
 void SmsRecord::TakeTextFromEms() {
     const std::u16string text = EmsText(*emsMessage.Get());
     text8.clear();

@@ -9,6 +9,7 @@
 #include "link/HandsetLink.h"
 #include "messaging/ConcatHeader.h"
 #include "messaging/MessageMemory.h"
+#include "messaging/PlainSplit.h"
 #include "messaging/ReferenceCounters.h"
 #include "messaging/SmsRecord.h"
 #include "messaging/ems/EmsMessage.h"
@@ -96,35 +97,23 @@ uint32_t WholeSeconds(uint32_t milliseconds) {
     return std::max<uint32_t>(1, milliseconds / 1000);
 }
 
-/// How a plain text is cut: the whole of it up to `single` units, else pieces of `piece` units.
-struct PlainSplit {
-    size_t length = 0;
-    size_t piece = 0;
-    size_t count = 1;
-};
-
-PlainSplit SplitPlain(const SmsRecord& record) {
-    const bool wide = record.dcs == 8;
-    const size_t single = wide ? 70 : 160;
-    PlainSplit split{wide ? record.text16.size() : record.text8.size(), wide ? 67U : 153U};
-    if (split.length > single) split.count = (split.length + split.piece - 1) / split.piece;
-    return split;
-}
-
 /// Hands each part of a plain text to `put` as a record of its own, until it answers false.
 bool ForEachPlainPart(const SmsRecord& record, const std::function<bool(SmsRecord&)>& put) {
-    const PlainSplit split = SplitPlain(record);
-    if (split.count > mostParts) return false;
+    const bool wide = record.dcs == 8;
+    const auto units = wide ? SplitUnits(record.text16) : std::vector<std::u16string_view>();
+    const auto bytes = wide ? std::vector<std::string_view>() : SplitBytes(record.text8);
+    const size_t count = wide ? units.size() : bytes.size();
+    if (count > mostParts) return false;
     SmsRecord part = record;
     part.rawParts.clear();
-    if (split.count == 1) return put(part);
+    if (count == 1) return put(part);
     const uint8_t reference = ReferenceCounters::OfProcess().NextConcatenation();
-    for (size_t i = 0; i < split.count; ++i) {
-        if (record.dcs == 8)
-            part.text16 = record.text16.substr(i * split.piece, split.piece);
+    for (size_t i = 0; i < count; ++i) {
+        if (wide)
+            part.text16 = units[i];
         else
-            part.text8 = record.text8.substr(i * split.piece, split.piece);
-        const char element[] = {0, 3, static_cast<char>(reference), static_cast<char>(split.count),
+            part.text8 = bytes[i];
+        const char element[] = {0, 3, static_cast<char>(reference), static_cast<char>(count),
                                 static_cast<char>(i + 1)};
         StoreConcat(part.userDataHeader, {element, sizeof element});
         if (!put(part)) return false;

@@ -1,5 +1,6 @@
 #include "messaging/SmsTimestamp.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdlib>
@@ -7,6 +8,11 @@
 #include <fmt/format.h>
 
 namespace tarnbridge {
+namespace {
+
+constexpr int mostQuarters = 79;  // of the hour, that the zone of a PDU can hold
+
+}  // namespace
 
 SmsTimestamp SmsTimestamp::FromLocal(const LocalTime& local) {
     SmsTimestamp time;
@@ -59,8 +65,11 @@ SmsTimestamp SmsTimestamp::Read(PduBuffer& buffer) {
 void SmsTimestamp::Write(PduBuffer& buffer) const {
     for (const unsigned field :
          {unsigned{year}, unsigned{month}, unsigned{day}, unsigned{hour}, unsigned{minute}, unsigned{second}})
-        buffer.putBcdValue(field, 2);
-    buffer.putZone(zoneMinutes / 15u, zonePositive != 0);
+        buffer.putBcdValue(field % 100, 2);
+    // A time from a text holds minutes west of UTC, which are negative in the east.
+    const auto minutes = static_cast<int16_t>(zoneMinutes);
+    const bool positive = zonePositive != 0 || minutes < 0;
+    buffer.putZone(static_cast<unsigned>(std::min(std::abs(minutes) / 15, mostQuarters)), positive);
 }
 
 std::tm SmsTimestamp::ToCalendar() const {

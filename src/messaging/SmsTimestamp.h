@@ -21,7 +21,12 @@ struct SmsTimestamp {
     static SmsTimestamp FromText(std::string_view text, int minutesEastOfUtc);
 
     static SmsTimestamp Read(PduBuffer& buffer);
+
+    /// Always seven octets: each field goes out modulo 100, and a zone beyond 79 quarter hours as 79.
     void Write(PduBuffer& buffer) const;
+
+    /// Whether there is a time at all: a message that wasn't sent yet has none.
+    bool IsSet() const { return month != 0; }
 
     /// The four-digit year: below 80 counts from 2000, all else from 1900.
     int FullYear() const { return (year < 80 ? 2000 : 1900) + year; }

@@ -81,7 +81,7 @@ TEST_F(MessageEditorTest, FiguresAtTheLimits) {
         const char* figures;
     };
     const Row rows[] = {{0, u'x', "0/160/1"},      {160, u'x', "160/0/1"},     {161, u'x', "161/145/2"},
-                        {1530, u'x', "1530/0/10"}, {80, u'{', "160/0/1"},      {81, u'{', "162/144/2"},
+                        {1530, u'x', "1530/0/10"}, {80, u'{', "160/0/1"},      {81, u'{', "163/143/2"},
                         {70, u'\u4E2D', "70/0/1"}, {71, u'\u4E2D', "71/63/2"}, {670, u'\u4E2D', "670/0/10"}};
     for (const Row& row : rows) {
         MessageEditor editor = MakeEditor();

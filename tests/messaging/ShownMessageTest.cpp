@@ -40,6 +40,18 @@ TEST_F(ShownMessageTest, WhatAReaderSees) {
     EXPECT_EQ(ShownMessage().Length(), 0);
 }
 
+TEST_F(ShownMessageTest, BytesOfTheDefaultAlphabet) {
+    const std::u16string part = u"\x1B\x80 \x10\x1B\n\x1B[";
+    EmsTestMessage message;
+    ASSERT_EQ(AddText(&message, part), EmsResult::Done);
+    EXPECT_EQ(ShownMessage(message).Text(), u"\u20AC \u0394\n[");
+    // They go into UCS2 as what they are, and come back.
+    ASSERT_EQ(EmsSetDcs(&message, 8), EmsResult::Done);
+    EXPECT_EQ(EmsText(message), u"\u20AC \u0394\x1B\n[");
+    ASSERT_EQ(EmsSetDcs(&message, 0), EmsResult::Done);
+    EXPECT_EQ(EmsText(message), part);
+}
+
 TEST_F(ShownMessageTest, ObjectsAmongMarksAndLineEnds) {
     EmsTestMessage message;
     AddText(&message, u"a\x1B");

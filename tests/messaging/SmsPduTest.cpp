@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "messaging/GsmAlphabet.h"
 #include "messaging/PduBuffer.h"
 #include "messaging/ReferenceCounters.h"
 #include "messaging/SmsRecord.h"
@@ -87,9 +88,16 @@ TEST(SmsAddress, FieldsOnTheWire) {
         "00");
     EXPECT_EQ(station.address.number, "Station@") << "two octets more than needed hold a septet more";
     EXPECT_EQ(station.address.plan, 0);
-    SmsRecord named;
-    named.address = SmsAddress("ABCDEFGHIJ", 0);
-    EXPECT_EQ(Decoded(AsDeliver(named)).address, named.address);
+    for (size_t length = 1; length < 24; ++length) {
+        SmsRecord named;
+        named.address = SmsAddress(std::string("ABCDEFGHIJKLMNOPQRSTUVWX").substr(0, length), 0);
+        named.text8 = "text";
+        const SmsRecord back = Decoded(AsDeliver(named));
+        EXPECT_EQ(back.address, named.address);
+        EXPECT_EQ(back.text8, "text") << length;
+    }
+    EXPECT_EQ(Decoded("000403D041200000703041519062230431D98C06").text8, "1234")
+        << "letters that leave an octet of their field over";
 }
 
 TEST(SmsTimestamp, Conversions) {
@@ -259,7 +267,8 @@ TEST(SmsPdu, BitsOfTheFirstOctet) {
     record.replyPath = 1;
     record.statusReport = 1;
     record.moreMessages = 1;
-    EXPECT_EQ(AsDeliver(record).substr(2, 2), "64") << "without a header the reply path stands in bit 6";
+    EXPECT_EQ(AsDeliver(record).substr(2, 2), "24") << "no reply path without a header";
+    record.replyPath = 1;
     record.userDataHeader = "\x05";
     EXPECT_EQ(AsDeliver(record).substr(2, 2), "E4");
     record.rejectDuplicates = 1;
@@ -268,6 +277,46 @@ TEST(SmsPdu, BitsOfTheFirstOctet) {
     record.userDataHeader.clear();
     record.validityFormat = 1;
     EXPECT_EQ(AsSubmit(record).substr(2, 2), "05");
+}
+
+TEST(SmsPdu, ATimeOutOfATextShiftsNothing) {
+    SmsRecord record;
+    record.text8 = "text";
+    for (const int zone : {480, 0, -90, 20000}) {
+        record.timestamp = SmsTimestamp::FromText("2007/03/14 15:09:26", zone);
+        const SmsRecord back = Decoded(AsDeliver(record));
+        EXPECT_EQ(back.text8, "text") << zone;
+        EXPECT_EQ(back.timestamp.ToFileText(), "2007/03/14 15:09:26");
+        EXPECT_EQ(back.timestamp.zoneMinutes, std::min(std::abs(zone), 79 * 15));
+        EXPECT_EQ(back.timestamp.zonePositive, zone > 0) << zone;
+    }
+}
+
+TEST(SmsPdu, AHeaderOfLengthZeroIsNone) {
+    for (const char* const end : {"00703041519062230400003A0D",
+                                  "0470304151906223030068"
+                                  "69",
+                                  "0870304151906223050000680069"}) {
+        SmsRecord record = Decoded(std::string("0044008100") + end);
+        EXPECT_EQ(record.TextAsBytes(), "hi") << end;
+        EXPECT_EQ(record.hasHeader, 0) << end;
+        EXPECT_EQ(record.rawParts.front().size(), record.dcs == 8 ? 4u : 2u) << end;
+        EXPECT_EQ(Decoded(AsDeliver(record)).TextAsBytes(), "hi") << end;
+    }
+}
+
+TEST(SmsPdu, APartKeepsWhatTheLocalTextCannotHold) {
+    // Delta and Xi, the euro sign, a form feed, an escape in front of a letter of the basic table, a bracket
+    const std::string hex =
+        "0004008100007030415190622"
+        "30A10CDA6BC516C82A82F";
+    const SmsRecord record = Decoded(hex);
+    EXPECT_EQ(record.text8,
+              "__\x1B\x80\x1B\n\x1B"
+              "A{\xA7")
+        << "in the local text the escape waits";
+    EXPECT_EQ(TextOfPart(record.rawParts.front()), u"\u0394\u039E\u20AC\nA(\u00A7");
+    EXPECT_EQ(AsDeliver(record), hex);
 }
 
 TEST(SmsPdu, TheMessageReferenceIsOneAheadInThePdu) {

@@ -43,8 +43,8 @@ EmsResult EmsResetCursor(EmsMessage* message);
 EmsResult EmsCopy(EmsMessage* target, const EmsMessage* source);
 
 /// Changes the coding and lays the message out anew. Between UCS2 and the other codings the marks 0x1B in
-/// front of | ^ { } [ ~ ] \ are taken out of the text or put into it. When that doesn't fit, the message
-/// stays as it was.
+/// front of | ^ { } [ ~ ] \ and the euro sign are taken out of the text or put into it, and the characters
+/// change places with the bytes of CharacterOfPart. When that doesn't fit, the message stays as it was.
 EmsResult EmsSetDcs(EmsMessage* message, uint8_t dcs);
 
 /// Allows 1 to 10 segments. NoRoom, with nothing changed, when the content needs more of them.

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "messaging/GsmAlphabet.h"
 #include "messaging/ems/Ems.h"
 #include "messaging/ems/EmsLayout.h"
 #include "messaging/ems/EmsObjects.h"
@@ -9,8 +10,7 @@
 namespace tarnbridge {
 namespace {
 
-constexpr char16_t mark = 0x1B;
-constexpr std::u16string_view markedCharacters = u"|^{}[~]\\";
+constexpr char16_t mark = gsmEscape;
 constexpr int singleSegmentText = 320;
 constexpr int textPerSegment = 306;
 
@@ -18,8 +18,9 @@ char16_t UnitAt(const EmsMessage& message, int at) {
     return static_cast<char16_t>(message.text[at] << 8 | message.text[at + 1]);
 }
 
+/// Whether a unit, as text outside of UCS2 has it, needs a mark.
 bool NeedsMark(char16_t unit) {
-    return markedCharacters.find(unit) != std::u16string_view::npos;
+    return IsGsmExtension(CharacterOfPart(unit));
 }
 
 /// Text and positions as they were before a switch of coding.
@@ -64,8 +65,9 @@ private:
     int count_ = 0;
 };
 
-/// Puts a mark in front of each character that needs one and has none, or takes these marks out. Positions
-/// and the cursor follow. False when the text becomes too long, with the message half changed.
+/// Puts a mark in front of each character that needs one and has none, or takes these marks out, and turns
+/// what has another value in UCS2. Positions and the cursor follow. False when the text becomes too long,
+/// with the message half changed.
 bool RewriteMarks(EmsMessage& message, bool marked) {
     const auto text = message.text;
     const int length = message.textLength;
@@ -73,8 +75,9 @@ bool RewriteMarks(EmsMessage& message, bool marked) {
     int out = 0;
     for (int at = 0; at < length; at += 2) {
         moved[at / 2] = static_cast<uint16_t>(out);
-        const auto unit = static_cast<char16_t>(text[at] << 8 | text[at + 1]);
-        const bool isMark = unit == mark && at + 2 < length &&
+        const auto before = static_cast<char16_t>(text[at] << 8 | text[at + 1]);
+        const char16_t unit = marked ? PartOfCharacter(before) : CharacterOfPart(before);
+        const bool isMark = before == mark && at + 2 < length &&
                             NeedsMark(static_cast<char16_t>(text[at + 2] << 8 | text[at + 3]));
         if (isMark && !marked) continue;
         if (marked && NeedsMark(unit) && (out == 0 || UnitAt(message, out - 2) != mark)) {
@@ -83,8 +86,8 @@ bool RewriteMarks(EmsMessage& message, bool marked) {
             message.text[out++] = mark;
         }
         if (out + 2 > static_cast<int>(message.text.size()) - 2) return false;
-        message.text[out++] = text[at];
-        message.text[out++] = text[at + 1];
+        message.text[out++] = static_cast<uint8_t>(unit >> 8);
+        message.text[out++] = static_cast<uint8_t>(unit);
     }
     moved[length / 2] = static_cast<uint16_t>(out);
     message.textLength = static_cast<uint16_t>(out);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "messaging/GsmAlphabet.h"
 #include "messaging/ems/EmsElements.h"
 #include "messaging/ems/EmsExtended.h"
 #include "messaging/ems/EmsFormats.h"
@@ -167,6 +168,16 @@ private:
         output_->lengths[segment_] = static_cast<int>(out - segment);
     }
 
+    /// Whether the character here must stay in one segment with the next one, which lies in front of `end`: a
+    /// mark with what it marks, and a surrogate pair. An object or the edge of a format between them parts
+    /// them.
+    bool StaysWithNext(int at, int end) const {
+        if (at + 4 > end) return false;
+        const auto unit = [this](int place) { return message_.text[place] << 8 | message_.text[place + 1]; };
+        if (!IsUcs2(message_.dcs)) return unit(at) == gsmEscape;
+        return (unit(at) & 0xFC00) == 0xD800 && (unit(at + 2) & 0xFC00) == 0xDC00;
+    }
+
     bool NextSegment() {
         if (segment_ + 1 >= plan_.segmentsAllowed) return false;
         Close();
@@ -194,15 +205,16 @@ private:
         openCount_ = kept;
     }
 
-    /// Every format of the next character gets its element in this segment, which then holds one of its
-    /// characters at least.
-    bool PutDueFormats() {
+    /// Every format of the next character gets its element in this segment, which then holds that character
+    /// at least, and the one that must stay with it.
+    bool PutDueFormats(int end) {
+        const int characters = StaysWithNext(textAt_, end) ? 2 : 1;
         for (;;) {
             int octets = 0;
             for (int i = 0; i < openCount_; ++i) {
                 if (open_[i].lengthAt == 0) octets += ElementSize(*open_[i].node);
             }
-            if (Fits(octets, plan_.unitsPerCharacter)) break;
+            if (Fits(octets, characters * plan_.unitsPerCharacter)) break;
             if (IsFresh() || !NextSegment()) return false;
         }
         for (int i = 0; i < openCount_; ++i) {
@@ -229,9 +241,10 @@ private:
     bool PutTextUpTo(int position) {
         while (textAt_ < position) {
             DropEndedFormats();
-            if (!PutDueFormats()) return false;
+            if (!PutDueFormats(position)) return false;
             const int room = (plan_.capacity - LastUsed()) / plan_.unitsPerCharacter;
-            const int characters = std::min(room, (position - textAt_) / 2);
+            int characters = std::min(room, (position - textAt_) / 2);
+            if (StaysWithNext(textAt_ + (characters - 1) * 2, position)) --characters;
             textAt_ += characters * 2;
             textUnits_ += characters * plan_.unitsPerCharacter;
             if (textAt_ < position && !NextSegment()) return false;

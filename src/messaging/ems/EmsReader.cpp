@@ -46,10 +46,11 @@ public:
         }
         hasUcs2_ = hasUcs2_ || IsUcs2(dcs);
         hasOctets_ = hasOctets_ || dcs == 4;
-        const int header = headerLength > 0 ? std::min(headerLength + 1, length) : 0;
+        // A header of length 0 is none, but its length octet stands in front of the text all the same.
+        const int header = hasHeader ? std::min(headerLength + 1, length) : 0;
         segmentStart_ = message_.textLength;
         const bool isRoomLeft = AppendText(bytes + header, std::max(length - header, 0), !IsUcs2(dcs));
-        if (header > 0) WalkHeader(bytes + 1, header - 1, headerLength);
+        if (headerLength > 0) WalkHeader(bytes + 1, header - 1, headerLength);
         return isRoomLeft;
     }
 
