@@ -1,5 +1,7 @@
 #include "messaging/SmsRecord.h"
 
+#include <algorithm>
+
 #include "messaging/ConcatHeader.h"
 
 namespace tarnbridge {
@@ -57,14 +59,29 @@ std::optional<uint32_t> SmsRecord::ConcatKey() const {
            static_cast<unsigned>(element->sequence) << 24;
 }
 
+void SmsRecord::TakeLocation(const SmsRecord& other, size_t place) {
+    handsetPdus.resize(handsetIndices.size());
+    handsetIndices.push_back(other.handsetIndices[place]);
+    handsetPdus.push_back(place < other.handsetPdus.size() ? other.handsetPdus[place] : std::string());
+}
+
+void SmsRecord::AddDouble(const SmsRecord& other) {
+    for (size_t i = 0; i < other.handsetIndices.size(); ++i)
+        TakeLocation(other, i);
+}
+
+size_t SmsRecord::PartCount() const {
+    return std::max<size_t>(1, rawParts.empty() ? handsetIndices.size() : rawParts.size());
+}
+
 bool SmsRecord::LacksParts() const {
     const auto element = FindConcat(userDataHeader);
-    return element && static_cast<size_t>(element->total) > rawParts.size();
+    return element && static_cast<size_t>(element->total) > PartCount();
 }
 
 bool SmsRecord::MergeFrom(const SmsRecord& other, const CodePage& page) {
     if (other.handsetIndices.empty()) return false;
-    handsetIndices.push_back(other.handsetIndices.front());
+    TakeLocation(other, 0);
     if (!other.rawParts.empty()) rawParts.push_back(other.rawParts.front());
     if (!text8.empty())
         text8 += other.TextAsBytes(page);

@@ -78,12 +78,18 @@ public:
     /// reference its low octet. Nothing if the header has no concatenation element that counts.
     std::optional<uint32_t> ConcatKey() const;
 
+    /// Appends the first location with its PDU, the first raw part and the text of a later part. False, with
+    /// nothing done, if it has no location.
+    bool MergeFrom(const SmsRecord& other, const CodePage& page = CodePage::System());
+
+    /// Appends the locations, with their PDUs, of an exact double of one of the parts.
+    void AddDouble(const SmsRecord& other);
+
+    /// The parts that are there, each counted once; one at least.
+    size_t PartCount() const;
+
     /// Whether the header tells of more parts than there are.
     bool LacksParts() const;
-
-    /// Appends the first location, the first raw part and the text of a later part. False, with nothing done,
-    /// if it has no location.
-    bool MergeFrom(const SmsRecord& other, const CodePage& page = CodePage::System());
 
     /// Replaces rawParts by the segments of the EmsMessage, in the form described there. False, with nothing
     /// changed, if there is none or it needs more than 10 segments. A concatenated message takes a new
@@ -204,6 +210,7 @@ private:
         std::u16string converted;  ///< or else it is text8 as units, after the bytes
     };
 
+    void TakeLocation(const SmsRecord& other, size_t place);
     void TakeTextFromEms();
     bool WritePlain(HandsetLink& link, std::u16string_view to, int& error);
     bool WriteEms(HandsetLink& link, std::u16string_view to, int& error);

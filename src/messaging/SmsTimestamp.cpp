@@ -72,6 +72,16 @@ void SmsTimestamp::Write(PduBuffer& buffer) const {
     buffer.putZone(static_cast<unsigned>(std::min(std::abs(minutes) / 15, mostQuarters)), positive);
 }
 
+int64_t SmsTimestamp::ToSeconds() const {
+    // A month that no calendar has is only to be in its order.
+    const int64_t sinceMarch = (month + 9) % 12 + month / 13 * 12;
+    const int64_t fullYear = FullYear() - (month < 3 ? 1 : 0);
+    const int64_t days =
+        fullYear * 365 + fullYear / 4 - fullYear / 100 + fullYear / 400 + (sinceMarch * 306 + 5) / 10 + day;
+    const int64_t east = zonePositive ? zoneMinutes : -static_cast<int64_t>(zoneMinutes);
+    return ((days * 24 + hour) * 60 + minute - east) * 60 + second;
+}
+
 std::tm SmsTimestamp::ToCalendar() const {
     std::tm calendar{};
     calendar.tm_year = FullYear() - 1900;

@@ -31,6 +31,9 @@ struct SmsTimestamp {
     /// The four-digit year: below 80 counts from 2000, all else from 1900.
     int FullYear() const { return (year < 80 ? 2000 : 1900) + year; }
 
+    /// A number of seconds for comparing times, the zone taken into account.
+    int64_t ToSeconds() const;
+
     /// The fields as the C library has them; month 0 counts as January.
     std::tm ToCalendar() const;
 

@@ -98,26 +98,84 @@ TEST(SmsRecord, MergingFollowsTheTextInUse) {
     EXPECT_EQ(wide.rawParts, std::vector<std::string>{"two"});
 }
 
+/// A part of "reference" from somebody, told as "text@minute", as it comes from a list.
+std::unique_ptr<SmsRecord> PartOf(const std::string& sender, int total, int sequence, const std::string& text,
+                                  int minute, int location) {
+    auto part = Part(Header(9, total, sequence), text, location);
+    part->address.number = sender;
+    part->timestamp = {0, 7, 3, 14, static_cast<uint8_t>(minute / 60), static_cast<uint8_t>(minute % 60),
+                       0, 1};
+    part->handsetPdus = {text + std::to_string(minute)};
+    return part;
+}
+
+std::vector<std::string> TextsOf(const SmsRecordList& records) {
+    std::vector<std::string> texts;
+    for (const auto& record : records)
+        texts.push_back(record->text8);
+    return texts;
+}
+
 TEST(JoinParts, EachRuleOfJoining) {
     SmsRecordList records;
     records.push_back(Part(Header(9, 3, 3), "c", 1));
     records.push_back(Part("", "alone", 2));
     records.push_back(Part(Header(9, 3, 1), "a", 3));
     records.push_back(Part(WideHeader(0x1234, 2, 2), "y", 4));
-    records.push_back(Part(Header(9, 3, 1), "dropped", 5));
     records.push_back(Part(WideHeader(0x1234, 2, 1), "x", 6));
     records.back()->status = smsRead;
     records.push_back(Part(Header(9, 2, 1), "other total", 7));
     records.push_back(Part(Header(9, 3, 0), "no sequence", 8));
     records.push_back(Part(Header(7, 200, 150), "beyond", 9));
+    records.push_back(Part(Header(9, 3, 2), "unreadable", 10));
+    records.back()->unreadable = "0791...";
     JoinParts(records);
+    EXPECT_EQ(TextsOf(records), (std::vector<std::string>{"alone", "no sequence", "unreadable", "other total",
+                                                          "xy", "ac", "beyond"}));
+    EXPECT_EQ(records[5]->handsetIndices, (std::vector<int>{3, 1})) << "the gap leaves no mark";
+    EXPECT_EQ(records[5]->rawParts, (std::vector<std::string>{"a", "c"}));
+    EXPECT_EQ(records[5]->PartCount(), 2u);
+}
 
-    std::vector<std::string> texts;
-    for (const auto& record : records)
-        texts.push_back(record->text8);
-    EXPECT_EQ(texts, (std::vector<std::string>{"alone", "no sequence", "other total", "xy", "ac", "beyond"}));
-    EXPECT_EQ(records[4]->handsetIndices, (std::vector<int>{3, 1})) << "the gap leaves no mark";
-    EXPECT_EQ(records[4]->rawParts, (std::vector<std::string>{"a", "c"}));
+TEST(JoinParts, AnExactDoubleIsAFurtherLocation) {
+    SmsRecordList records;
+    int location = 0;
+    for (const char* const text : {"a", "b", "a", "b", "a"})
+        records.push_back(PartOf("1", 2, *text - 'a' + 1, text, 0, ++location));
+    JoinParts(records);
+    ASSERT_EQ(TextsOf(records), std::vector<std::string>{"ab"});
+    EXPECT_EQ(records[0]->handsetIndices, (std::vector<int>{1, 2, 3, 5, 4}));
+    EXPECT_EQ(records[0]->handsetPdus, (std::vector<std::string>{"a0", "b0", "a0", "a0", "b0"}));
+    EXPECT_EQ(records[0]->PartCount(), 2u);
+}
+
+/// Parts are told as sender, number, minute: in capitals the first message, in small letters the second.
+TEST(JoinParts, TwoMessagesUnderOneReferenceAreNotMixed) {
+    const struct Row {
+        const char* fault;
+        std::vector<std::string> parts;
+        std::vector<std::string> texts;
+    } rows[] = {
+        {"two senders", {"1A10", "2a10", "2b10", "1B10"}, {"AB", "ab"}},
+        {"one after the other", {"1A10", "1B10", "1a60", "1b60"}, {"AB", "ab"}},
+        {"free locations in the way", {"1A10", "1b60", "1a60", "1B10"}, {"AB", "ab"}},
+        {"the second without its first part", {"1A10", "1b60", "1B11"}, {"AB", "b"}},
+        {"the first without its second part", {"1b60", "1A10", "1a61"}, {"A", "ab"}},
+        {"both without one", {"1A10", "1b60", "1a60", "1C11", "1B10"}, {"ABC", "ab"}},
+        {"within one second, by turns", {"1A10", "1a10", "1B10", "1b10"}, {"AB", "ab"}},
+        {"within one second, by bursts", {"1A10", "1B10", "1a10", "1b10"}, {"AB", "ab"}},
+        {"within one second, one lacking", {"1A10", "1a10", "1b10"}, {"A", "ab"}},
+    };
+    for (const Row& row : rows) {
+        SmsRecordList records;
+        for (const std::string& part : row.parts)
+            records.push_back(PartOf(part.substr(0, 1), 3, (part[1] & 0x1F), part.substr(1, 1),
+                                     std::stoi(part.substr(2)), static_cast<int>(records.size()) + 1));
+        JoinParts(records);
+        auto texts = TextsOf(records);
+        std::sort(texts.begin(), texts.end());
+        EXPECT_EQ(texts, row.texts) << row.fault;
+    }
 }
 
 TEST(JoinParts, ReadAndUnreadPartsStayApart) {
