@@ -25,13 +25,22 @@ constexpr DetailField detailFields[] = {
 
 constexpr const char* fieldNames[] = {"name", "mobile", "home", "office", "fax", "email", "birthday"};
 
-std::u16string TextIn(const Json& object, const char* name, const char* otherwise = "") {
-    return Utf8ToText(object.value(name, otherwise));
+std::u16string WideIn(const Json& object, const char* name, const char* otherwise = "") {
+    return Utf8ToText(TextIn(object, name, otherwise));
+}
+
+/// Takes the first card with its lines off a text of cards.
+std::string_view TakeCard(std::string_view& bytes) {
+    constexpr std::string_view nextCard = "\nBEGIN:VCARD";
+    const size_t end = std::min(bytes.find(nextCard), bytes.size() - 1) + 1;
+    const std::string_view card = bytes.substr(0, end);
+    bytes.remove_prefix(end);
+    return card;
 }
 
 /// As it is typed, or as ContactToJson has it.
 std::u16string BirthdayIn(const Json& object) {
-    if (!object.contains("birthday") || !object.at("birthday").is_object()) return TextIn(object, "birthday");
+    if (!object.contains("birthday") || !object.at("birthday").is_object()) return WideIn(object, "birthday");
     const Json& date = object.at("birthday");
     return Utf8ToText(fmt::format("{}/{}/{}", NumberIn(date, "day", 0, 99), NumberIn(date, "month", 0, 99),
                                   NumberIn(date, "year", 0, 9999)));
@@ -58,14 +67,14 @@ Json ContactToJson(const Contact& contact) {
 
 bool ContactFromJson(const Json& object, Contact& contact, std::string& error) try {
     contact = {};
-    contact.SetNameNumber(TextIn(object, "name"), TextIn(object, "number"),
+    contact.SetNameNumber(WideIn(object, "name"), WideIn(object, "number"),
                           static_cast<uint8_t>(NumberIn(object, "nameEncoding", ucs2Name, packedUcs2Name)));
-    contact.storage = TextIn(object, "storage", "PC");
+    contact.storage = WideIn(object, "storage", "PC");
     contact.index = NumberIn(object, "index", 1, 0xFFFF);
     for (const DetailField& field : detailFields)
-        contact.details.*field.text = TextIn(object, field.name);
+        contact.details.*field.text = WideIn(object, field.name);
     if (object.contains("birthday")) {
-        const Json& birthday = object.at("birthday");
+        const Json& birthday = ObjectIn(object, "birthday");
         contact.details.birthday = {static_cast<uint16_t>(NumberIn(birthday, "year", 0, 9999)),
                                     static_cast<uint8_t>(NumberIn(birthday, "month", 0, 12)),
                                     static_cast<uint8_t>(NumberIn(birthday, "day", 0, 31))};
@@ -86,42 +95,48 @@ Json WriteVcardLine(std::string_view line) try {
 }
 
 std::vector<Json> ReadVcardText(std::string_view bytes) {
-    constexpr std::string_view nextCard = "\nBEGIN:VCARD";
     std::vector<Json> objects;
     while (!bytes.empty()) {
-        const size_t end = std::min(bytes.find(nextCard), bytes.size() - 1) + 1;
+        const std::string_view card = TakeCard(bytes);
         Contact contact;
-        if (ParseHandsetVcard(contact, bytes.substr(0, end))) {
+        if (ParseHandsetVcard(contact, card)) {
             objects.push_back(ContactToJson(contact));
         } else {
             objects.push_back({{"error", "doesn't begin with BEGIN:VCARD"}});
         }
-        bytes.remove_prefix(end);
     }
     return objects;
 }
 
 std::vector<Json> ImportVcardText(std::string_view utf8) {
     std::vector<Json> objects;
-    for (const auto& contact : ImportDesktopVcards(Utf8ToText(utf8)))
-        objects.push_back(ContactToJson(*contact));
+    while (!utf8.empty()) {
+        // One by one, since the reader passes over a card that it knows nothing of, and ends at an empty
+        // line.
+        const std::string_view card = TakeCard(utf8);
+        if (card.find_first_not_of(" \t\r\n") == std::string_view::npos) continue;
+        const auto contacts = ImportDesktopVcards(Utf8ToText(card));
+        for (const auto& contact : contacts)
+            objects.push_back(ContactToJson(*contact));
+        if (contacts.empty()) objects.push_back({{"error", "has no name and no number that is known"}});
+    }
     return objects;
 }
 
 Json CheckContactLine(std::string_view line) try {
     const Json object = ObjectOfLine(line);
-    const ContactForm form{TextIn(object, "storage", "PC"),
-                           TextIn(object, "name"),
-                           TextIn(object, object.contains("mobile") ? "mobile" : "number"),
-                           TextIn(object, "home"),
-                           TextIn(object, "office"),
-                           TextIn(object, "fax"),
-                           TextIn(object, "email"),
+    const ContactForm form{WideIn(object, "storage", "PC"),
+                           WideIn(object, "name"),
+                           WideIn(object, object.contains("mobile") ? "mobile" : "number"),
+                           WideIn(object, "home"),
+                           WideIn(object, "office"),
+                           WideIn(object, "fax"),
+                           WideIn(object, "email"),
                            BirthdayIn(object)};
     if (form.storage != simStorage && form.storage != phoneStorage && form.storage != pcStorage)
         return {{"error", "storage is none of SM, ME and PC"}};
     const int textLength = NumberIn(object, "textLength", 0, 255);
-    const HandsetNameLimits limits{object.value("hasPackedUcs2", false), [textLength](bool) {
+    const HandsetNameLimits limits{FlagIn(object, "hasPackedUcs2"), [textLength](bool) {
                                        return textLength > 0 ? std::optional<int>(textLength) : std::nullopt;
                                    }};
     const auto problem = CheckContactForm(form, limits);

@@ -22,7 +22,7 @@ Json WriteVcardLine(std::string_view line);
 /// `vcard read`: an object for each vCard of the handset, which has the details alone, or one with `error`.
 std::vector<Json> ReadVcardText(std::string_view bytes);
 
-/// `vcard import`: an object for each contact of a text in UTF-8.
+/// `vcard import`: an object for each contact of a text in UTF-8, or one with `error` for a card without any.
 std::vector<Json> ImportVcardText(std::string_view utf8);
 
 /// A line of `contact check`: an object with `storage` ("SM", "ME" or "PC"), `name`, `mobile` (or `number`),

@@ -42,11 +42,17 @@ const char* NameOf(const NamedValue (&table)[count], int value) {
 
 template <size_t count>
 int ValueIn(const Json& object, const char* field, const NamedValue (&table)[count], const char* otherwise) {
-    const std::string name = object.value(field, otherwise);
+    const std::string name = TextIn(object, field, otherwise);
     const auto* const found =
         std::find_if(table, table + count, [&](const NamedValue& row) { return row.name == name; });
     if (found == table + count) throw std::invalid_argument(fmt::format("unknown {}: {}", field, name));
     return found->value;
+}
+
+const Json& ListIn(const Json& object, const char* name) {
+    const Json& list = object.at(name);
+    if (!list.is_array()) throw std::invalid_argument(fmt::format("{} isn't a list", name));
+    return list;
 }
 
 bool IsImage(EmsKind kind) {
@@ -103,9 +109,11 @@ Json FormatToJson(const EmsObject& object) {
 }
 
 Json MessageToJson(const EmsMessage& message) {
+    std::u16string text = EmsText(message);
+    if (IsSeptetCoding(message.dcs)) std::transform(text.begin(), text.end(), text.begin(), CharacterOfPart);
     Json json = {{"dcs", message.dcs},
                  {"hasHeader", message.hasHeader != 0},
-                 {"text", TextToUtf8(EmsText(message))},
+                 {"text", TextToUtf8(text)},
                  {"objects", ObjectsToJson(message)},
                  {"formats", Json::array()}};
     for (const EmsObject* node = message.first; node; node = node->next) {
@@ -141,7 +149,7 @@ struct Content {
     void AddTo(EmsMessage& message, bool oneSegmentAllowed) const;
 };
 
-/// One of the eight characters of the extension table goes out as another letter without its mark.
+/// A character of the extension table goes out as another letter without its mark.
 void Content::AddMarks() {
     std::u16string marked;
     std::vector<int> moved;
@@ -149,7 +157,7 @@ void Content::AddMarks() {
         moved.push_back(static_cast<int>(marked.size()));
         if (IsGsmExtension(unit) && (marked.empty() || marked.back() != gsmEscape))
             marked.push_back(gsmEscape);
-        marked.push_back(unit);
+        marked.push_back(PartOfCharacter(unit));
     }
     moved.push_back(static_cast<int>(marked.size()));
     text = marked;
@@ -194,13 +202,13 @@ PlacedObject ObjectFromJson(const Json& json, int textLength) {
         object.number = static_cast<uint8_t>(NumberIn(json, "number", 0, 255));
         return object;
     }
-    object.bytes = OctetsOfHex(json.value("data", ""), "data");
+    object.bytes = OctetsOfHex(TextIn(json, "data"), "data");
     if (object.bytes.size() > 0xFFFF) throw std::invalid_argument("data is too long");
     const auto octet = [&](const char* name, int otherwise, int largest = 255) {
         return static_cast<uint8_t>(NumberIn(json, name, otherwise, largest));
     };
     object.data.size = static_cast<uint16_t>(object.bytes.size());
-    object.data.flags = json.value("mayBePassedOn", true) ? 0 : 1;
+    object.data.flags = FlagIn(json, "mayBePassedOn", true) ? 0 : 1;
     if (IsImage(object.kind)) {
         object.data.width = octet("width", 0);
         object.data.height = octet("height", 0);
@@ -220,7 +228,7 @@ PlacedFormat FormatFromJson(const Json& json, int textLength) {
     placed.end =
         placed.start + NumberIn(json, "length", textLength - placed.start, textLength - placed.start);
     EmsTextFormat& format = placed.format;
-    const auto flag = [&](const char* name) { return static_cast<uint8_t>(json.value(name, false) ? 1 : 0); };
+    const auto flag = [&](const char* name) { return static_cast<uint8_t>(FlagIn(json, name) ? 1 : 0); };
     format.size = static_cast<uint8_t>(ValueIn(json, "size", sizeNames, "normal"));
     format.alignment = static_cast<uint8_t>(ValueIn(json, "alignment", alignmentNames, "language"));
     format.bold = flag("bold");
@@ -234,17 +242,18 @@ PlacedFormat FormatFromJson(const Json& json, int textLength) {
 
 Content ContentFromJson(const Json& json, int dcs) {
     Content content;
-    content.text = Utf8ToText(json.value("text", ""));
-    const bool isTooWide =
-        std::any_of(content.text.begin(), content.text.end(), [](char16_t unit) { return unit > 0xFF; });
+    content.text = Utf8ToText(TextIn(json, "text"));
+    const bool isTooWide = std::any_of(content.text.begin(), content.text.end(), [dcs](char16_t unit) {
+        return (IsSeptetCoding(dcs) ? PartOfCharacter(unit) : unit) > 0xFF;
+    });
     if (dcs != 8 && isTooWide) throw std::invalid_argument("the text needs dcs 8");
     const int textLength = static_cast<int>(content.text.size());
     if (json.contains("objects")) {
-        for (const Json& object : json.at("objects"))
+        for (const Json& object : ListIn(json, "objects"))
             content.objects.push_back(ObjectFromJson(object, textLength));
     }
     if (json.contains("formats")) {
-        for (const Json& format : json.at("formats"))
+        for (const Json& format : ListIn(json, "formats"))
             content.formats.push_back(FormatFromJson(format, textLength));
     }
     std::stable_sort(content.objects.begin(), content.objects.end(),
@@ -253,6 +262,11 @@ Content ContentFromJson(const Json& json, int dcs) {
                      });
     if (IsSeptetCoding(dcs)) content.AddMarks();
     return content;
+}
+
+std::string OctetsIn(const Json& value, const char* name) {
+    if (!value.is_string()) throw std::invalid_argument(fmt::format("{} isn't a text", name));
+    return OctetsOfHex(value.get_ref<const std::string&>(), name);
 }
 
 Json SegmentsOf(EmsMessage& message) {
@@ -287,7 +301,7 @@ Json DecodeEmsLine(std::string_view line) try {
     std::vector<const uint8_t*> buffers;
     std::vector<int> lengths;
     for (const Json& segment : json.at("segments"))
-        segments.push_back(segment.is_null() ? "" : OctetsOfHex(segment.get<std::string>(), "a segment"));
+        segments.push_back(segment.is_null() ? "" : OctetsIn(segment, "a segment"));
     for (size_t i = 0; i < segments.size(); ++i) {
         const bool isThere = !json.at("segments")[i].is_null();
         buffers.push_back(isThere ? reinterpret_cast<const uint8_t*>(segments[i].data()) : nullptr);
@@ -296,9 +310,8 @@ Json DecodeEmsLine(std::string_view line) try {
     const std::vector<uint8_t> codings(segments.size(), static_cast<uint8_t>(NumberIn(json, "dcs", 0, 255)));
     EmsMessage message;
     Must(EmsCreate(&message, 0));
-    const EmsResult result =
-        Parse(&message, json.value("hasHeader", false), static_cast<int>(segments.size()), buffers.data(),
-              lengths.data(), codings.data());
+    const EmsResult result = Parse(&message, FlagIn(json, "hasHeader"), static_cast<int>(segments.size()),
+                                   buffers.data(), lengths.data(), codings.data());
     Json answer = MessageToJson(message);
     if (result != EmsResult::Done) answer["error"] = TextToUtf8(EmsResultWord(result));
     return answer;
@@ -313,9 +326,9 @@ Json EncodeEmsLine(std::string_view line) try {
     Must(EmsCreate(&message, static_cast<uint8_t>(dcs)));
     const int segmentsAllowed = NumberIn(json, "segmentsAllowed", emsSegments, emsSegments);
     Must(EmsAllowSegments(&message, segmentsAllowed));
-    Must(EmsSetCompression(&message, json.value("compression", true)));
+    Must(EmsSetCompression(&message, FlagIn(json, "compression", true)));
     if (json.contains("ports")) {
-        const Json& ports = json.at("ports");
+        const Json& ports = ObjectIn(json, "ports");
         Must(EmsSetPorts(&message, true, static_cast<uint16_t>(NumberIn(ports, "source", 0, 0xFFFF)),
                          static_cast<uint16_t>(NumberIn(ports, "destination", 0, 0xFFFF))));
     }

@@ -1,8 +1,8 @@
 #include "tarnctl/Input.h"
 
+#include <fstream>
 #include <iostream>
 #include <iterator>
-#include <sstream>
 
 #include <fmt/format.h>
 
@@ -21,14 +21,11 @@ ExitCode ForEachStream(const std::vector<std::string>& files,
             if (take(std::cin) != Done) code = OperationFailed;
             continue;
         }
-        const auto content = ReadFile(file);
-        if (!content) {
-            PrintWords(content.Failure().text);
-            code = OperationFailed;
-            continue;
-        }
-        std::istringstream stream(*content);
-        if (take(stream) != Done) code = OperationFailed;
+        std::ifstream stream(file, std::ios::binary);
+        if (stream && take(stream) != Done) code = OperationFailed;
+        if (stream.is_open() && !stream.bad()) continue;
+        PrintWords(LastSystemFailure(stream.is_open() ? "read" : "open", file).text);
+        code = OperationFailed;
     }
     return code;
 }

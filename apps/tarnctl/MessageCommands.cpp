@@ -225,10 +225,11 @@ ExitCode Export(const GlobalOptions& options, const std::string& path, const std
         return OperationFailed;
     }
     if (options.json)
-        PrintRecord({{"written", done->written}, {"skipped", done->skipped}});
+        PrintRecord(
+            {{"written", done->written}, {"skipped", done->skipped}, {"unreadable", done->unreadable}});
     else
-        PrintWords(
-            fmt::format("messages written: {}; without text, left out: {}", done->written, done->skipped));
+        PrintWords(fmt::format("messages written: {}; without text, left out: {}; unreadable, left out: {}",
+                               done->written, done->skipped, done->unreadable));
     return code;
 }
 

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "messaging/ConcatHeader.h"
+#include "messaging/RecordText.h"
 #include "messaging/ShownMessage.h"
 #include "platform/CodePage.h"
 #include "platform/Text.h"
@@ -42,9 +43,14 @@ std::string Places(const Json& message) {
     return fmt::format("{} {}", message.at("memory").get<std::string>(), places);
 }
 
+std::string TextOf(const Json& message) {
+    return message.at(message.contains("unreadable") ? "unreadable" : "text").get<std::string>();
+}
+
 /// What the text doesn't tell.
 std::string Remarks(const Json& message) {
     std::string remarks;
+    if (message.contains("unreadable")) remarks += " [unreadable]";
     if (message.at("parts") != message.at("partsTotal"))
         remarks += fmt::format(" [{} of {} parts]", message.at("parts").get<size_t>(),
                                message.at("partsTotal").get<size_t>());
@@ -57,47 +63,47 @@ std::string Remarks(const Json& message) {
 
 Json MessageToJson(const SmsRecord& record, const std::string& folder, size_t number) {
     SmsRecord copy = record;
-    std::u16string text = copy.TextAsWide();
+    std::u16string text;
     Json objects = Json::array();
-    if (copy.EnsureEmsMessage()) {
+    if (!record.unreadable && copy.EnsureEmsMessage()) {
         text = ShownMessage(*copy.emsMessage.Get()).Text();
         objects = ObjectsToJson(*copy.emsMessage.Get());
+        std::erase(text, objectCharacter);
+    } else if (!record.unreadable) {
+        text = ShownText(record);
     }
-    std::erase(text, objectCharacter);
-    std::erase(text, u'\x1B');
     const auto concat = FindConcat(record.userDataHeader);
-    const size_t parts =
-        number == 0 ? record.handsetIndices.size() : std::max<size_t>(1, record.rawParts.size());
+    const size_t parts = record.PartCount();
     Json json = {{"folder", folder},
                  {"memory", TextToUtf8(record.storage)},
                  {"locations", number == 0 ? Json(record.handsetIndices) : Json::array()},
                  {"status", record.status},
                  {"address", TextToUtf8(CodePage::System().ToText(record.address.number))},
-                 {"time", IsoTime(record.timestamp)},
                  {"text", TextToUtf8(text)},
                  {"dcs", record.dcs},
                  {"parts", parts},
                  {"partsTotal", std::max<size_t>(parts, concat ? static_cast<size_t>(concat->total) : 1)},
                  {"objects", objects}};
+    if (record.timestamp.IsDate()) json["time"] = IsoTime(record.timestamp);
+    if (record.unreadable) json["unreadable"] = TextToUtf8(WidenBytes(*record.unreadable));
     if (number != 0) json["number"] = number;
     return json;
 }
 
 std::string MessageToLine(const Json& message) {
-    std::string text = message.at("text").get<std::string>();
+    std::string text = TextOf(message);
     std::replace(text.begin(), text.end(), '\n', ' ');
-    return fmt::format("{:<12} {:<7} {:<8} {:<17} {:.16} {}{}", Places(message),
+    return fmt::format("{:<12} {:<7} {:<8} {:<17} {:<16.16} {}{}", Places(message),
                        message.contains("number") ? "" : message.at("folder").get<std::string>(),
                        WordOf(message.at("status").get<int>()), message.at("address").get<std::string>(),
-                       message.at("time").get<std::string>(), text, Remarks(message));
+                       message.value("time", ""), text, Remarks(message));
 }
 
 std::string MessageToPage(const Json& message) {
     return fmt::format("{}{}  {}\n{}  {}{}\n\n{}", Places(message),
                        message.contains("number") ? "" : "  " + message.at("folder").get<std::string>(),
                        WordOf(message.at("status").get<int>()), message.at("address").get<std::string>(),
-                       message.at("time").get<std::string>(), Remarks(message),
-                       message.at("text").get<std::string>());
+                       message.value("time", ""), Remarks(message), TextOf(message));
 }
 
 }  // namespace tarnbridge

@@ -1,5 +1,6 @@
 #include "tarnctl/PduJson.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include <fmt/format.h>
@@ -7,6 +8,8 @@
 #include "messaging/ConcatHeader.h"
 #include "messaging/GsmAlphabet.h"
 #include "messaging/JoinParts.h"
+#include "messaging/PduBuffer.h"
+#include "messaging/RecordText.h"
 #include "messaging/ReferenceCounters.h"
 #include "platform/Text.h"
 #include "tarnctl/JsonFields.h"
@@ -21,26 +24,22 @@ std::string_view Trimmed(std::string_view line) {
     return line.substr(0, line.find_last_not_of(" \t\r\n") + 1);
 }
 
-std::string ShownText(const std::u16string& text) {
-    std::u16string shown = text;
-    std::erase(shown, static_cast<char16_t>(gsmEscape));
-    return TextToUtf8(shown);
-}
-
 std::string LocalToUtf8(std::string_view local) {
     return TextToUtf8(CodePage::System().ToText(local));
 }
 
 Json TimestampToJson(const SmsTimestamp& time) {
-    return {{"iso", IsoTime(time)},
-            {"year", time.year},
-            {"month", time.month},
-            {"day", time.day},
-            {"hour", time.hour},
-            {"minute", time.minute},
-            {"second", time.second},
-            {"zoneMinutes", time.zoneMinutes},
-            {"zonePositive", time.zonePositive != 0}};
+    Json json = Json::object();
+    if (time.IsDate()) json["iso"] = IsoTime(time);
+    json["year"] = time.year;
+    json["month"] = time.month;
+    json["day"] = time.day;
+    json["hour"] = time.hour;
+    json["minute"] = time.minute;
+    json["second"] = time.second;
+    json["zoneMinutes"] = time.zoneMinutes;
+    json["zonePositive"] = time.zonePositive != 0;
+    return json;
 }
 
 Json ValidityToJson(const SmsRecord& record) {
@@ -66,52 +65,72 @@ uint8_t OctetIn(const Json& object, const char* name, int largest = 255) {
     return static_cast<uint8_t>(NumberIn(object, name, 0, largest));
 }
 
-uint8_t FlagIn(const Json& object, const char* name) {
-    return object.value(name, false) ? 1 : 0;
+uint8_t BitIn(const Json& object, const char* name) {
+    return FlagIn(object, name) ? 1 : 0;
 }
 
 std::string OctetsIn(const Json& object, const char* name) {
-    return OctetsOfHex(object.value(name, ""), name);
+    return OctetsOfHex(TextIn(object, name), name);
+}
+
+/// Throws std::invalid_argument if a text, which `local` is in bytes, won't arrive as it is.
+void MustArrive(const char* field, const std::u16string& text, const std::string& local, bool septets) {
+    const std::u16string arrived =
+        septets ? TextOfPart(AsItArrives(local)) : CodePage::System().ToText(local);
+    std::u16string shown = text;
+    if (septets) std::erase(shown, static_cast<char16_t>(gsmEscape));
+    if (arrived == shown) return;
+    std::u16string lost;
+    const bool sameLength = arrived.size() == shown.size();
+    for (size_t i = 0; i < shown.size(); ++i) {
+        const bool isLost = sameLength ? arrived[i] != shown[i] : shown[i] > 127;
+        const bool isKnown = lost.find(shown[i]) != std::u16string::npos && (shown[i] & 0xF800) != 0xD800;
+        if (isLost && !isKnown) lost.push_back(shown[i]);
+    }
+    throw std::invalid_argument(
+        fmt::format("the coding can't carry these letters of {}: {}", field, TextToUtf8(lost)));
 }
 
 SmsTimestamp TimestampFromJson(const Json& object) {
     SmsTimestamp time;
     const int year = NumberIn(object, "year", 0, 9999);
     time.year = static_cast<uint16_t>(year < 1900 ? year : year < 2001 ? year - 1900 : year - 2000);
-    time.month = OctetIn(object, "month", 99);
-    time.day = OctetIn(object, "day", 99);
-    time.hour = OctetIn(object, "hour", 99);
-    time.minute = OctetIn(object, "minute", 99);
-    time.second = OctetIn(object, "second", 99);
-    time.zoneMinutes = static_cast<uint16_t>(NumberIn(object, "zoneMinutes", 0, 79 * 15));
-    time.zonePositive = object.value("zonePositive", true) ? 1 : 0;
+    time.month = OctetIn(object, "month");
+    time.day = OctetIn(object, "day");
+    time.hour = OctetIn(object, "hour");
+    time.minute = OctetIn(object, "minute");
+    time.second = OctetIn(object, "second");
+    time.zoneMinutes = static_cast<uint16_t>(NumberIn(object, "zoneMinutes", 0, 85 * 15));
+    time.zonePositive = FlagIn(object, "zonePositive", true) ? 1 : 0;
     return time;
 }
 
 SmsAddress AddressFromJson(const Json& object, const std::string& name) {
-    const std::string number = CodePage::System().ToBytes(Utf8ToText(object.value(name, "")));
+    const std::u16string text = Utf8ToText(TextIn(object, name.c_str()));
+    const std::string number = CodePage::System().ToBytes(text);
     SmsAddress address(number, NumberIn(object, (name + "Type").c_str(), SmsAddress::unknown, 7));
     address.plan = NumberIn(object, (name + "Plan").c_str(), 1, 15);
+    if (address.type == SmsAddress::alphanumeric) MustArrive(name.c_str(), text, number, true);
     return address;
 }
 
 void ReadValidity(const Json& object, SmsRecord& record) {
-    const std::string format = object.value("format", "none");
+    const std::string format = TextIn(object, "format", "none");
     if (format == "relative") {
         record.validityFormat = SmsRecord::relativeValidity;
         record.validityRelative = OctetIn(object, "relative");
     } else if (format == "absolute") {
         record.validityFormat = SmsRecord::absoluteValidity;
-        record.validityTime = TimestampFromJson(object.at("absolute"));
-    } else if (format != "none") {
-        throw std::invalid_argument("validity is neither none, relative nor absolute");
+        record.validityTime = TimestampFromJson(ObjectIn(object, "absolute"));
+    } else if (format != "none" && format != "enhanced") {  // which can't be written
+        throw std::invalid_argument("format of validity is none of none, enhanced, relative and absolute");
     }
 }
 
 void ReadHeader(const Json& object, SmsRecord& record) {
     record.userDataHeader = OctetsIn(object, "header");
     if (record.userDataHeader.empty() && object.contains("concat")) {
-        const Json& concat = object.at("concat");
+        const Json& concat = ObjectIn(object, "concat");
         const int reference = NumberIn(concat, "reference", 0, 0xFFFF);
         std::string element = reference > 0xFF ? std::string("\x08\x04") + static_cast<char>(reference >> 8)
                                                : std::string("\0\x03", 2);
@@ -123,19 +142,34 @@ void ReadHeader(const Json& object, SmsRecord& record) {
     record.hasHeader = record.userDataHeader.empty() ? 0 : 1;
 }
 
+/// The text as septets are made of it, with its marks.
+std::string PartTextOf(const std::u16string& text) {
+    std::string part;
+    for (const char16_t unit : text) {
+        if (IsGsmExtension(unit)) part.push_back(gsmEscape);
+        const char16_t byte = PartOfCharacter(unit);
+        part.push_back(byte > 0xFF ? '?' : static_cast<char>(byte));
+    }
+    return part;
+}
+
+/// The coding that is asked for, or else the one that carries the text.
+int CodingFor(const Json& object) {
+    if (object.contains("dcs")) return NumberIn(object, "dcs", 0, 16);
+    const std::u16string text = Utf8ToText(TextIn(object, "text"));
+    return TextOfPart(AsItArrives(PartTextOf(text))) == text ? 0 : 8;
+}
+
 void ReadText(const Json& object, SmsRecord& record) {
-    const std::u16string text = Utf8ToText(object.value("text", ""));
+    const std::u16string text = Utf8ToText(TextIn(object, "text"));
     if (record.dcs == 8) {
         record.text16 = text;
     } else if (record.dcs == 4 && object.contains("data")) {
         record.text8 = OctetsIn(object, "data");
     } else {
-        std::u16string marked;
-        for (const char16_t unit : text) {
-            if (IsSeptetCoding(record.dcs) && IsGsmExtension(unit)) marked.push_back(gsmEscape);
-            marked.push_back(unit);
-        }
-        record.text8 = CodePage::System().ToBytes(marked);
+        const bool septets = IsSeptetCoding(record.dcs);
+        record.text8 = septets ? PartTextOf(text) : CodePage::System().ToBytes(text);
+        MustArrive("text", text, record.text8, septets);
     }
 }
 
@@ -171,7 +205,7 @@ Json SmsToJson(const SmsRecord& record) {
                    {"statusReport", record.statusReport != 0},
                    {"replyPath", record.replyPath != 0},
                    {"hasHeader", record.hasHeader != 0},
-                   {"text", ShownText(record.TextAsWide())}};
+                   {"text", TextToUtf8(ShownText(record))}};
     if (record.messageType == SmsRecord::deliver) {
         object["moreMessages"] = record.moreMessages != 0;
         object["timestamp"] = TimestampToJson(record.timestamp);
@@ -193,23 +227,23 @@ Json SmsToJson(const SmsRecord& record) {
 
 bool SmsFromJson(const Json& object, SmsRecord& record, std::string& error) try {
     record = {};
-    const std::string kind = object.value("kind", "submit");
+    const std::string kind = TextIn(object, "kind", "submit");
     if (kind != "submit" && kind != "deliver")
         throw std::invalid_argument("kind is neither submit nor deliver");
     if (!object.contains("number")) throw std::invalid_argument("number is missing");
     record.messageType = kind == "submit" ? SmsRecord::submit : SmsRecord::deliver;
     record.address = AddressFromJson(object, "number");
     record.serviceCentre = AddressFromJson(object, "serviceCentre");
-    record.dcs = NumberIn(object, "dcs", 0, 16);
+    record.dcs = CodingFor(object);
     if (record.dcs % 4 != 0 || record.dcs == 12) throw std::invalid_argument("dcs is none of 0, 4, 8 and 16");
     record.protocolId = OctetIn(object, "protocolId");
     record.messageReference = OctetIn(object, "messageReference");
-    record.rejectDuplicates = FlagIn(object, "rejectDuplicates");
-    record.replyPath = FlagIn(object, "replyPath");
-    record.statusReport = FlagIn(object, "statusReport");
-    record.moreMessages = FlagIn(object, "moreMessages");
-    if (object.contains("timestamp")) record.timestamp = TimestampFromJson(object.at("timestamp"));
-    if (object.contains("validity")) ReadValidity(object.at("validity"), record);
+    record.rejectDuplicates = BitIn(object, "rejectDuplicates");
+    record.replyPath = BitIn(object, "replyPath");
+    record.statusReport = BitIn(object, "statusReport");
+    record.moreMessages = BitIn(object, "moreMessages");
+    if (object.contains("timestamp")) record.timestamp = TimestampFromJson(ObjectIn(object, "timestamp"));
+    if (object.contains("validity")) ReadValidity(ObjectIn(object, "validity"), record);
     ReadHeader(object, record);
     ReadText(object, record);
     CheckLength(record);
@@ -220,6 +254,7 @@ bool SmsFromJson(const Json& object, SmsRecord& record, std::string& error) try 
 }
 
 Json DecodePduLine(std::string_view line, Clock& clock) {
+    if (Trimmed(line).empty()) return {{"error", "an empty line is no PDU"}};
     SmsRecord record;
     bool truncated = false;
     if (!record.decode(Trimmed(line), clock, truncated))
@@ -247,26 +282,53 @@ bool EncodePduLine(std::string_view line, std::string& hexText, std::string& err
     return false;
 }
 
-std::vector<Json> JoinPduLines(const std::vector<std::string>& lines, Clock& clock) {
-    std::vector<Json> objects;
-    SmsRecordList records;
-    for (size_t i = 0; i < lines.size(); ++i) {
-        auto record = std::make_unique<SmsRecord>();
-        bool truncated = false;
-        if (record->decode(Trimmed(lines[i]), clock, truncated)) {
-            record->handsetIndices = {static_cast<int>(i) + 1};
+std::optional<Json> PduJoiner::Take(std::string_view line) {
+    ++lines_;
+    line = Trimmed(line);
+    SmsRecord record;
+    bool truncated = false;
+    if (line.empty() || !record.decode(line, clock_, truncated)) {
+        Json object = DecodePduLine(line, clock_);
+        object["line"] = lines_;
+        return object;
+    }
+    record.handsetIndices = {static_cast<int>(lines_)};
+    const auto key = JoinKey(record);
+    if (key) {
+        const auto group = groups_.try_emplace(*key, groups_.size()).first->second;
+        std::string digits(line.substr(0, 2 * PduBuffer::capacity));
+        if (digits.size() % 2 != 0) digits.push_back('0');  // a digit alone is a high half
+        held_.push_back({group, lines_, OctetsOfHex(digits, "the line")});
+        return std::nullopt;
+    }
+    Json object = SmsToJson(record);
+    object["parts"] = record.handsetIndices;
+    return object;
+}
+
+void PduJoiner::Finish(const std::function<void(const Json& message)>& put) {
+    groups_.clear();
+    std::stable_sort(held_.begin(), held_.end(),
+                     [](const Held& first, const Held& second) { return first.group < second.group; });
+    for (size_t i = 0; i < held_.size();) {
+        SmsRecordList records;
+        for (const uint32_t group = held_[i].group; i < held_.size() && held_[i].group == group; ++i) {
+            auto record = std::make_unique<SmsRecord>();
+            bool truncated = false;
+            std::string pdu = BytesToHex(held_[i].octets);
+            record->decode(pdu, clock_, truncated);
+            record->handsetIndices = {static_cast<int>(held_[i].line)};
+            record->handsetPdus.push_back(std::move(pdu));
             records.push_back(std::move(record));
-        } else {
-            objects.push_back(DecodePduLine(lines[i], clock));
-            objects.back()["line"] = i + 1;
+        }
+        JoinParts(records);
+        for (const auto& record : records) {
+            Json object = SmsToJson(*record);
+            object["parts"] = record->handsetIndices;
+            put(object);
         }
     }
-    JoinParts(records);
-    for (const auto& record : records) {
-        objects.push_back(SmsToJson(*record));
-        objects.back()["parts"] = record->handsetIndices;
-    }
-    return objects;
+    held_.clear();
 }
 
 }  // namespace tarnbridge

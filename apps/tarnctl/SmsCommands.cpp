@@ -83,18 +83,15 @@ ExitCode RawList(const GlobalOptions& options, const std::string& memory) {
 }
 
 ExitCode Join(const std::vector<std::string>& files) {
-    std::vector<std::string> lines;
-    ExitCode code = ForEachLine(files, [&](const std::string& line) -> std::optional<std::string> {
-        lines.push_back(line);
-        return std::nullopt;
-    });
     SystemClock clock;
-    for (const Json& message : JoinPduLines(lines, clock)) {
-        if (const auto error = PrintAnswer(message)) {
-            PrintWords(fmt::format("line {}: {}", message["line"].get<size_t>(), *error));
-            code = OperationFailed;
-        }
-    }
+    PduJoiner joiner(clock);
+    const ExitCode code = ForEachLine(files, [&](const std::string& line) -> std::optional<std::string> {
+        const auto message = joiner.Take(line);
+        return message ? PrintAnswer(*message) : std::nullopt;
+    });
+    joiner.Finish([](const Json& message) {
+        if (!OutputFailed()) PrintRecord(message);
+    });
     return code;
 }
 

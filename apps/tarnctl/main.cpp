@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 
 #include "tarnctl/Command.h"
@@ -34,6 +35,21 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
     app.add_flag("--trace", options.trace, "Show what passes over the wire, one exchange a line");
 }
 
+/// What to say of a word in a command's place that is none; nothing if there is no such word.
+std::string UnknownCommand(const CLI::App& app) {
+    std::string given;
+    const CLI::App* level = &app;
+    for (auto parsed = app.get_subcommands(); !parsed.empty(); parsed = level->get_subcommands()) {
+        level = parsed.front();
+        given += level->get_name() + " ";
+    }
+    if (level->get_require_subcommand_min() == 0) return {};
+    const std::vector<std::string> left = app.remaining(true);
+    const auto word = std::find_if(left.begin(), left.end(),
+                                   [](const std::string& one) { return !one.empty() && one.front() != '-'; });
+    return word == left.end() ? "" : "there is no command " + given + *word;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -56,6 +72,11 @@ int main(int argc, char** argv) {
     AddProfileCommands(app, chosen);
     try {
         app.parse(argc, argv);
+    } catch (const CLI::RequiredError& error) {
+        const std::string unknown = UnknownCommand(app);
+        if (unknown.empty()) return app.exit(error) == 0 ? Done : WrongUsage;
+        PrintWords(unknown + "\nRun with --help for more information.");
+        return WrongUsage;
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? Done : WrongUsage;
     }

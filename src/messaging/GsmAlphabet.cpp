@@ -175,6 +175,12 @@ char16_t PartOfCharacter(char16_t character) {
     return character;
 }
 
+std::string AsItArrives(std::string_view part) {
+    std::string arrived = ToGsmAlphabet(part);
+    FromGsmToPart(arrived);
+    return arrived;
+}
+
 std::u16string TextOfPart(std::string_view part) {
     std::u16string text;
     text.reserve(part.size());

@@ -34,6 +34,9 @@ void FromGsmToPart(std::span<char> text);
 char16_t CharacterOfPart(char16_t byte);
 char16_t PartOfCharacter(char16_t character);
 
+/// What arrives of the text of a part that goes out: letters may be folded or replaced. A byte each.
+std::string AsItArrives(std::string_view part);
+
 /// The text of a part as it is shown, without escapes. A form feed is a line feed.
 std::u16string TextOfPart(std::string_view part);
 

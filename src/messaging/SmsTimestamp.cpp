@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cstdlib>
 
 #include <fmt/format.h>
@@ -70,6 +71,12 @@ void SmsTimestamp::Write(PduBuffer& buffer) const {
     const auto minutes = static_cast<int16_t>(zoneMinutes);
     const bool positive = zonePositive != 0 || minutes < 0;
     buffer.putZone(static_cast<unsigned>(std::min(std::abs(minutes) / 15, mostQuarters)), positive);
+}
+
+bool SmsTimestamp::IsDate() const {
+    const std::chrono::year_month_day date{std::chrono::year{FullYear()}, std::chrono::month{month},
+                                           std::chrono::day{day}};
+    return date.ok() && hour < 24 && minute < 60 && second < 60;
 }
 
 int64_t SmsTimestamp::ToSeconds() const {

@@ -28,6 +28,9 @@ struct SmsTimestamp {
     /// Whether there is a time at all: a message that wasn't sent yet has none.
     bool IsSet() const { return month != 0; }
 
+    /// Whether a calendar and a clock show it.
+    bool IsDate() const;
+
     /// The four-digit year: below 80 counts from 2000, all else from 1900.
     int FullYear() const { return (year < 80 ? 2000 : 1900) + year; }
 

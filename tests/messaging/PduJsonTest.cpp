@@ -32,6 +32,13 @@ TEST(PduJson, DecodesALine) {
     EXPECT_EQ(DecodePduLine("0006", clock).dump(), R"({"error":"neither SMS-DELIVER nor SMS-SUBMIT"})");
     EXPECT_TRUE(DecodePduLine("no PDU", clock).contains("error"));
     EXPECT_EQ(DecodePduLine("0000", clock)["truncated"], true);
+    EXPECT_TRUE(DecodePduLine("\r", clock).contains("error")) << "an empty line";
+    const auto noDate = DecodePduLine(
+        "000400810000700030415190622301"
+        "1B",
+        clock);
+    EXPECT_EQ(noDate["timestamp"]["month"], 0);
+    EXPECT_FALSE(noDate["timestamp"].contains("iso"));
 }
 
 TEST(PduJson, DecodedLinesEncodeAgain) {
@@ -42,8 +49,12 @@ TEST(PduJson, DecodedLinesEncodeAgain) {
           "0019000C9188962143658700008020923295952314D6303B4D06D5DDF4341BC42E87E12072380F",
           "00440B911316325476F80004708070412051820D0605040B8423F0FF00801B0A7F",
           "00440B911316325476F8000870807041205182080500030A02015B57",
-          "000405812143F500007080704120518206C3540A1B2A01"})
+          "000405812143F500007080704120518206C3540A1B2A01",
+          // Delta, the euro sign and a line feed; a name of 7 letters
+          "00040DD0537A989E7EBB0100007030415190622305904D591104"})
         EXPECT_EQ(Encoded(DecodePduLine(hex, clock)), hex);
+    EXPECT_EQ(Encoded(DecodePduLine("00090002812100000102030405060703C8321B", clock)).substr(0, 4), "0001")
+        << "an enhanced validity is written as none";
 }
 
 TEST(PduJson, EncodesWithDefaultsAndRefuses) {
@@ -58,11 +69,18 @@ TEST(PduJson, EncodesWithDefaultsAndRefuses) {
                        {"text", "\xE5\xAD\x97"}}),
               "00410002812100080906080401020201"
               "5B57");
+    // What the alphabet carries stays in septets; all else is UCS2 unless another coding is asked for.
+    EXPECT_EQ(Encoded({{"number", "12"}, {"text", "5 \u20AC"}, {"messageReference", 0}}).substr(14, 4),
+              "0004");
+    EXPECT_EQ(Encoded({{"number", "12"}, {"text", "\u0436"}, {"messageReference", 0}}).substr(14),
+              "08020436");
+    EXPECT_EQ(Encoded({{"number", "12"}, {"text", "a\u00E9\u0436"}, {"dcs", 0}}),
+              "error: the coding can't carry these letters of text: \u00E9\u0436");
+    EXPECT_EQ(Encoded({{"number", 12}}), "error: number isn't a text") << "the field is named";
     const json refused[] = {
         json::array(),
         {{"text", "no number"}},
         {{"number", "12"}, {"dcs", 12}},
-        {{"number", 12}},
         {{"number", "12"}, {"kind", "report"}},
         {{"number", "12"}, {"concat", "1 of 2"}},
         {{"number", "12"}, {"header", "0x"}},
@@ -77,13 +95,21 @@ TEST(PduJson, EncodesWithDefaultsAndRefuses) {
 
 TEST(PduJson, JoinsLines) {
     test::ManualClock clock;
-    const auto joined = JoinPduLines({"00440B911316325476F8000870807041205182080500030A02020042", "bad",
-                                      "00440B911316325476F8000870807041205182080500030A02010041"},
-                                     clock);
-    ASSERT_EQ(joined.size(), 2u);
-    EXPECT_EQ(joined[0]["line"], 2);
-    EXPECT_EQ(joined[1]["text"], "AB");
-    EXPECT_EQ(joined[1]["parts"].get<std::vector<int>>(), (std::vector<int>{3, 1}));
+    PduJoiner joiner(clock);
+    const std::string second = "00440B911316325476F8000870807041205182080500030A02020042";
+    EXPECT_FALSE(joiner.Take(second));
+    EXPECT_EQ((*joiner.Take("bad"))["line"], 2);
+    EXPECT_EQ((*joiner.Take("00040B911316325476F800087080704120518202"
+                            "0043"))["parts"]
+                  .dump(),
+              "[3]");
+    EXPECT_FALSE(joiner.Take("00440B911316325476F8000870807041205182080500030A02010041"));
+    EXPECT_FALSE(joiner.Take(second));
+    std::vector<Json> joined;
+    joiner.Finish([&](const Json& message) { joined.push_back(message); });
+    ASSERT_EQ(joined.size(), 1u);
+    EXPECT_EQ(joined[0]["text"], "AB");
+    EXPECT_EQ(joined[0]["parts"].dump(), "[4,1,5]") << "the exact double last";
 }
 
 }  // namespace

@@ -274,7 +274,7 @@ TEST_F(MessageCommands, ExportAndImport) {
     Receive("ME", 1, 1, u"Привет");
     const std::string file = (folder / "out.csv").string();
     const auto exported = Sms({"export", file, "--folder", "Inbox"});
-    EXPECT_EQ(exported.output, "{\"written\":2,\"skipped\":0}\n") << exported.errors;
+    EXPECT_EQ(exported.output, "{\"written\":2,\"skipped\":0,\"unreadable\":0}\n") << exported.errors;
     EXPECT_EQ(Sms({"import", file}).output, "{\"taken\":2,\"refused\":0}\n");
     const auto messages = List("pc/Inbox");
     EXPECT_EQ(Texts(messages), (Strings{"say \"no\"\toryes", "Привет"}));

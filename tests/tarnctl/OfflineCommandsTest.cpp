@@ -41,6 +41,9 @@ TEST_F(OfflineCommands, HelpAndWrongUsage) {
         EXPECT_EQ(empty.output + empty.errors, "");
     }
     EXPECT_EQ(Run({"pdu"}).exitCode, 2);
+    const auto unknown = Run({"pdu", "frob"});
+    EXPECT_EQ(unknown.exitCode, 2);
+    EXPECT_NE(unknown.errors.find("no command pdu frob"), std::string::npos) << unknown.errors;
     EXPECT_EQ(Run({"ems", "encode", "--reference", "256"}).exitCode, 2);
 }
 
@@ -116,9 +119,9 @@ TEST_F(OfflineCommands, JoinsMixedParts) {
     EXPECT_EQ(output.errors, "line 3: a character other than 0-9 and A-F\n");
     const auto records = Records(output.output);
     ASSERT_EQ(records.size(), 3u);
-    EXPECT_EQ(records[0]["line"], 3);
-    EXPECT_EQ(records[1]["parts"], Json({2}));
-    EXPECT_EQ(records[2]["parts"], Json({4, 1})) << "the part that came twice is dropped";
+    EXPECT_EQ(records[0]["parts"], Json({2}));
+    EXPECT_EQ(records[1]["line"], 3);
+    EXPECT_EQ(records[2]["parts"], Json({4, 1, 5})) << "the part that came twice is there twice";
     EXPECT_EQ(records[2]["text"], "AB");
     // What was joined can be read as Enhanced Messaging content.
     const auto content = Records(Run({"ems", "decode"}, records[2].dump() + "\n").output);
@@ -314,6 +317,11 @@ TEST_F(OfflineCommands, VcardsOfTheDesktop) {
     ASSERT_EQ(records.size(), 2u);
     EXPECT_EQ(records[0]["name"], "大");
     EXPECT_EQ(records[0]["number"], "12");
+
+    const auto partly =
+        Run({"vcard", "import"}, "BEGIN:VCARD\nNOTE:x\nEND:VCARD\n\nBEGIN:VCARD\nN:Ada\nEND:VCARD\n");
+    EXPECT_EQ(partly.exitCode, 1) << "a card that gives nothing is told";
+    EXPECT_EQ(Records(partly.output).size(), 2u);
 }
 
 TEST_F(OfflineCommands, ContactCheckTellsTheFirstFailure) {
