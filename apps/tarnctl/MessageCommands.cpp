@@ -108,7 +108,7 @@ ExitCode Delete(const GlobalOptions& options, const Selection& selection, bool s
     if (!desk.OpenProfile(!onHandset)) return OperationFailed;
     const auto source = desk.FindSource(selection.source);
     if (!source) return WrongUsage;
-    MessageFolders folders(desk.Tree(), desk.User(), desk);
+    MessageFolders folders(desk.Tree(), desk.User(), desk, desk.AsksAboutTrash());
     MessageFolder* folder = source->folder;
     std::vector<SmsRecord*> records;
     ExitCode code = Done;
@@ -117,10 +117,8 @@ ExitCode Delete(const GlobalOptions& options, const Selection& selection, bool s
         if (!found) return OperationFailed;
         for (const auto& message : *found)
             records.push_back(message.second);
-        if (!folders.ConfirmDelete()) return OperationFailed;
+        if (!folders.ConfirmDelete(*folder, records)) return OperationFailed;
     } else {
-        if (!folders.ConfirmDelete()) return OperationFailed;
-        if (!desk.OpenHandset()) return NoLink;
         folder = &desk.Tree().OnHandset(draftPlace);
         const std::set<int> locations(selection.numbers.begin(), selection.numbers.end());
         for (const int location : locations) {
@@ -134,6 +132,8 @@ ExitCode Delete(const GlobalOptions& options, const Selection& selection, bool s
                                    WordsOfReading(record->reading, error)));
             code = OperationFailed;
         }
+        if (!folders.ConfirmDelete(*folder, records)) return OperationFailed;
+        if (!desk.OpenHandset()) return NoLink;
     }
     MessageRemoval removal(desk.Worker(), desk.Tree(), desk, *folder, records);
     desk.Run(removal);

@@ -51,6 +51,7 @@ public:
     TerminalUser& User() { return user_; }
     Clock& SystemTime() { return clock_; }
     const Settings& UserSettings() const { return settings_; }
+    bool AsksAboutTrash() const { return settings_.GetText(SettingIndex::AskTrash) != u"FALSE"; }
 
     /// The memory that is asked for, or else the one that the messages come from, or else the preferred one.
     std::u16string MemoryFor(const std::string& option, const std::u16string& from = {}) const;

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <string>
 
+#include "core/base/StringTable.h"
 #include "platform/Terminal.h"
 #include "platform/Text.h"
 #include "tarnctl/Output.h"
@@ -19,21 +20,32 @@ public:
     bool Cancelled() const override { return false; }
 };
 
+std::string VerbOf(const std::u16string& verb, Word otherwise) {
+    return TextToUtf8(verb.empty() ? Words(otherwise) : verb);
+}
+
 }  // namespace
 
 bool TerminalUser::CanAnswer() const {
     return saysYes_ || IsTerminal(StandardStream::Input);
 }
 
-Answer TerminalUser::Ask(const std::u16string& words, AnswerSet answers) {
+Answer TerminalUser::Ask(const Question& question) {
     if (saysYes_) return Answer::Yes;
-    if (CanAnswer()) {
-        PrintWords(TextToUtf8(words) + " [y/N]");
-        std::string line;
-        if (std::getline(std::cin, line) && (line == "y" || line == "Y" || line == "yes")) return Answer::Yes;
-    }
-    return answers == AnswerSet::YesNoCancel || answers == AnswerSet::YesNoAllCancel ? Answer::Cancel
-                                                                                     : Answer::No;
+    const bool canCancel =
+        question.answers == AnswerSet::YesNoCancel || question.answers == AnswerSet::YesNoAllCancel;
+    const Answer unanswered = canCancel ? Answer::Cancel : Answer::No;
+    if (!CanAnswer()) return unanswered;
+    PrintWords(TextToUtf8(question.words));
+    if (!question.effect.empty()) PrintWords(TextToUtf8(question.effect));
+    std::string choice = "y = " + VerbOf(question.yes, Word::Yes);
+    if (canCancel) choice += ", n = " + VerbOf(question.no, Word::No);
+    PrintWords(choice + ", Enter = " +
+               (canCancel ? VerbOf(question.cancel, Word::Cancel) : VerbOf(question.no, Word::No)));
+    std::string line;
+    if (!std::getline(std::cin, line)) return unanswered;
+    if (line == "y" || line == "Y" || line == "yes") return Answer::Yes;
+    return line == "n" || line == "N" || line == "no" ? Answer::No : unanswered;
 }
 
 void TerminalUser::Tell(const std::u16string& words) {

@@ -4,7 +4,7 @@
 
 namespace tarnbridge {
 
-/// The user at the terminal, or nobody: then every question is given up, unless he has said yes to all
+/// The user at the terminal, or nobody: then every question is given up, unless they have said yes to all
 /// beforehand.
 class TerminalUser : public UserInteraction {
 public:
@@ -13,7 +13,8 @@ public:
     /// Whether a question can be answered.
     bool CanAnswer() const;
 
-    Answer Ask(const std::u16string& words, AnswerSet answers) override;
+    /// Yes, No or, for anything else, the answer that gives the question up.
+    Answer Ask(const Question& question) override;
     void Tell(const std::u16string& words) override;
 
     // Nothing that a command asks for: it takes these from its arguments.

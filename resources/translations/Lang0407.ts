@@ -120,6 +120,13 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
 %s</translation>
     </message>
     <message>
+        <source>The file with your messages and contacts isn't the one that was saved last. What is in it is shown, and it was kept as:
+%s</source>
+        <comment>ProfileAltered</comment>
+        <translation>Die Datei mit Ihren Nachrichten und Kontakten ist nicht die zuletzt gespeicherte. Ihr Inhalt wird gezeigt, und sie wurde aufbewahrt als:
+%s</translation>
+    </message>
+    <message>
         <source>Tarnbridge could not be started again. Please end it and start it yourself.</source>
         <comment>RestartFailed</comment>
         <translation>Tarnbridge konnte nicht neu gestartet werden. Bitte beenden Sie es und starten Sie es selbst.</translation>
@@ -133,6 +140,21 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <source>Cancelling...</source>
         <comment>Cancelling</comment>
         <translation>Wird abgebrochen …</translation>
+    </message>
+    <message>
+        <source>"%s" is there already. Do you want to replace it?</source>
+        <comment>ReplaceFile</comment>
+        <translation>„%s“ gibt es schon. Soll die Datei ersetzt werden?</translation>
+    </message>
+    <message>
+        <source>What is in it now can't be brought back.</source>
+        <comment>ReplaceEffect</comment>
+        <translation>Was jetzt darin steht, lässt sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <comment>AnswerReplace</comment>
+        <translation>Ersetzen</translation>
     </message>
     <message>
         <source>&amp;Memory:</source>
@@ -470,6 +492,11 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Mit 7 Bit fassen Nachrichten 160 Zeichen. Automatisch sendet auch alle anderen Schriften, mit 70 Zeichen je Nachricht.</translation>
     </message>
     <message>
+        <source>A&amp;sk before messages and folders go to the Trash Can</source>
+        <comment>SettingsAskTrash</comment>
+        <translation>&amp;Fragen, bevor Nachrichten und Ordner in den Papierkorb kommen</translation>
+    </message>
+    <message>
         <source>Preferred memory</source>
         <comment>SettingsMemory</comment>
         <translation>Bevorzugter Speicher</translation>
@@ -575,14 +602,89 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Möchten Sie die Nachrichten löschen?</translation>
     </message>
     <message>
+        <source>1 message on the phone. It can't be brought back.</source>
+        <comment>OneGoneFromPhone</comment>
+        <translation>1 Nachricht auf dem Telefon. Sie lässt sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>%d messages on the phone. They can't be brought back.</source>
+        <comment>SeveralGoneFromPhone</comment>
+        <translation>%d Nachrichten auf dem Telefon. Sie lassen sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>Tarnbridge can't read it; the phone may be able to.</source>
+        <comment>UnreadableGoes</comment>
+        <translation>Tarnbridge kann sie nicht lesen; das Telefon kann es vielleicht.</translation>
+    </message>
+    <message>
+        <source>Messages that can't be read and stay: %d. Delete them one at a time.</source>
+        <comment>UnreadableStay</comment>
+        <translation>Unlesbare Nachrichten, die bleiben: %d. Bitte einzeln löschen.</translation>
+    </message>
+    <message>
+        <source>Messages that can't be read are deleted one at a time.</source>
+        <comment>UnreadableGoAlone</comment>
+        <translation>Unlesbare Nachrichten werden einzeln gelöscht.</translation>
+    </message>
+    <message>
+        <source>1 message in the Trash Can. It can't be brought back.</source>
+        <comment>OneGoneFromTrash</comment>
+        <translation>1 Nachricht im Papierkorb. Sie lässt sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>%d messages in the Trash Can. They can't be brought back.</source>
+        <comment>SeveralGoneFromTrash</comment>
+        <translation>%d Nachrichten im Papierkorb. Sie lassen sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>1 message goes to the Trash Can.</source>
+        <comment>OneToTrash</comment>
+        <translation>1 Nachricht kommt in den Papierkorb.</translation>
+    </message>
+    <message>
+        <source>%d messages go to the Trash Can.</source>
+        <comment>SeveralToTrash</comment>
+        <translation>%d Nachrichten kommen in den Papierkorb.</translation>
+    </message>
+    <message>
         <source>Do you want to move this folder to</source>
         <comment>MoveFolderTo</comment>
         <translation>Möchten Sie diesen Ordner verschieben nach</translation>
     </message>
     <message>
+        <source>"%s" and all that is in it. Messages: %d.</source>
+        <comment>FolderGoes</comment>
+        <translation>„%s“ mit allem, was darin ist. Nachrichten: %d.</translation>
+    </message>
+    <message>
+        <source>"%s" and all that is in it. Messages: %d. They can't be brought back.</source>
+        <comment>FolderGone</comment>
+        <translation>„%s“ mit allem, was darin ist. Nachrichten: %d. Sie lassen sich nicht zurückholen.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <comment>AnswerDelete</comment>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Move to Trash Can</source>
+        <comment>AnswerToTrash</comment>
+        <translation>In den Papierkorb</translation>
+    </message>
+    <message>
         <source>Do you want to download the messages from handset ?</source>
         <comment>DownloadMessages</comment>
         <translation>Möchten Sie die Nachrichten vom Telefon laden?</translation>
+    </message>
+    <message>
+        <source>The list of the phone's messages is made anew. The phone counts unread ones as read afterwards.</source>
+        <comment>ReadingEffect</comment>
+        <translation>Die Liste der Nachrichten des Telefons wird neu angelegt. Ungelesene gelten dem Telefon danach als gelesen.</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <comment>AnswerRead</comment>
+        <translation>Lesen</translation>
     </message>
     <message>
         <source>Failed to create new folder!</source>
@@ -635,9 +737,54 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Eine der Nachrichten hat keinen Empfänger!</translation>
     </message>
     <message>
+        <source>Without a recipient the message can be kept on the PC only.</source>
+        <comment>NoRecipientForPhone</comment>
+        <translation>Ohne Empfänger kann die Nachricht nur auf dem PC aufbewahrt werden.</translation>
+    </message>
+    <message>
         <source>Do you want to save the message?</source>
         <comment>SaveMessage</comment>
         <translation>Möchten Sie die Nachricht speichern?</translation>
+    </message>
+    <message>
+        <source>What isn't saved is lost.</source>
+        <comment>UnsavedIsLost</comment>
+        <translation>Was nicht gespeichert wird, geht verloren.</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <comment>AnswerSave</comment>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Don't save</source>
+        <comment>AnswerDontSave</comment>
+        <translation>Nicht speichern</translation>
+    </message>
+    <message>
+        <source>Do you want to send the messages?</source>
+        <comment>SendSeveral</comment>
+        <translation>Sollen die Nachrichten gesendet werden?</translation>
+    </message>
+    <message>
+        <source>Messages: %d. Recipients in all: %d. What has been sent can't be taken back.</source>
+        <comment>SendingEffect</comment>
+        <translation>Nachrichten: %d. Empfänger insgesamt: %d. Gesendetes lässt sich nicht zurücknehmen.</translation>
+    </message>
+    <message>
+        <source>Messages that were received, which aren't sent: %d. They can be forwarded.</source>
+        <comment>ReceivedNotSent</comment>
+        <translation>Empfangene Nachrichten, die nicht gesendet werden: %d. Sie lassen sich weiterleiten.</translation>
+    </message>
+    <message>
+        <source>Only messages that were written, not received, can be sent. Received ones can be forwarded.</source>
+        <comment>OnlyReceived</comment>
+        <translation>Nur geschriebene, nicht empfangene Nachrichten lassen sich senden. Empfangene lassen sich weiterleiten.</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <comment>AnswerSend</comment>
+        <translation>Senden</translation>
     </message>
     <message>
         <source>Do you want to send all messages in PC Outbox ?</source>

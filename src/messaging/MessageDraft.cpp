@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "core/base/StringTable.h"
+#include "messaging/MessageQuestions.h"
 #include "messaging/ems/Ems.h"
 #include "platform/Text.h"
 
@@ -52,7 +52,7 @@ void MessageDraft::MarkSaved() {
 }
 
 Answer MessageDraft::AskToSave(UserInteraction& user) const {
-    return Modified() ? user.Ask(Words(Word::SaveMessage), AnswerSet::YesNoCancel) : Answer::No;
+    return Modified() ? user.Ask(SaveQuestion()) : Answer::No;
 }
 
 std::optional<SmsRecord> MessageDraft::MakeRecord(const CheckedRecipients& recipients, Clock& clock) const {

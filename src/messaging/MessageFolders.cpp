@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/base/StringTable.h"
+#include "messaging/MessageQuestions.h"
 
 namespace tarnbridge {
 namespace {
@@ -62,13 +63,12 @@ bool MessageFolders::Remove(MessageFolder& folder) {
     MessageFolder& trash = tree_.OnPc(messageTrashPlace);
     bool keep = false;
     if (!tree_.IsInTrash(folder)) {
-        const Answer answer =
-            user_.Ask(Words(Word::MoveFolderTo) + u" " + trash.name + u"?", AnswerSet::YesNoCancel);
+        const Answer answer = asksAboutTrash_ ? user_.Ask(FolderToTrashQuestion(tree_, folder)) : Answer::Yes;
         if (answer == Answer::Cancel) return false;
         keep = answer == Answer::Yes;
     }
     // A No to the trash can may have meant that the folder stays.
-    if (!keep && user_.Ask(Words(Word::DeleteForGood)) != Answer::Yes) return false;
+    if (!keep && user_.Ask(FolderForGoodQuestion(folder)) != Answer::Yes) return false;
     auto taken = TakeFolder(folder);
     if (!taken) return false;
     if (keep) trash.Append(std::move(taken));
@@ -94,8 +94,8 @@ bool MessageFolders::Move(MessageFolder& folder, MessageFolder& under) {
 }
 
 bool MessageFolders::CleanTrash() {
-    if (user_.Ask(Words(Word::DeleteForGood)) != Answer::Yes) return false;
     MessageFolder& trash = tree_.OnPc(messageTrashPlace);
+    if (user_.Ask(CleanTrashQuestion(trash)) != Answer::Yes) return false;
     trash.RemoveRecords();
     trash.RemoveChildren();
     keeper_.PcFoldersChanged();
@@ -112,8 +112,17 @@ bool MessageFolders::MayTransfer(const MessageFolder& from, const MessageFolder&
     return false;
 }
 
-bool MessageFolders::ConfirmDelete() {
-    return user_.Ask(Words(Word::DeleteMessages)) == Answer::Yes;
+bool MessageFolders::ConfirmDelete(const MessageFolder& folder, std::vector<SmsRecord*>& records) {
+    if (records.empty()) return false;
+    const auto isUnreadable = [](const SmsRecord* record) { return record->unreadable.has_value(); };
+    const size_t leftOut = records.size() > 1 ? std::erase_if(records, isUnreadable) : 0;
+    if (records.empty()) {
+        user_.Tell(Words(Word::UnreadableGoAlone));
+        return false;
+    }
+    const bool toTrash = !tree_.IsOnHandset(folder) && !tree_.IsInTrash(folder);
+    if (toTrash && !asksAboutTrash_) return true;
+    return user_.Ask(DeleteQuestion(tree_, folder, records, leftOut)) == Answer::Yes;
 }
 
 }  // namespace tarnbridge

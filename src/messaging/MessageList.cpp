@@ -5,6 +5,7 @@
 
 #include "core/base/StringTable.h"
 #include "messaging/MessageDownload.h"
+#include "messaging/Recipients.h"
 #include "messaging/RecordText.h"
 #include "platform/Text.h"
 
@@ -34,6 +35,7 @@ void MessageList::Open(const MessageFolder& folder) {
             rows_.push_back({record.get(), record->timestamp, Comparable(record->timestamp),
                              record->status == smsUnread, MemoryWords(record->storage),
                              WidenBytes(record->address.number), TextIn(*record)});
+            rows_.back().sendable = IsSendable(*record);
         }
     }
     Show();

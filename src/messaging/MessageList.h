@@ -26,6 +26,7 @@ public:
         std::u16string address;
         std::u16string text;  ///< as ShownText has it; of an unreadable one it says so
         std::u16string folded{};
+        bool sendable = false;
     };
 
     /// Takes the folder's lock; sorts and filters as before.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "link/HandsetLink.h"
+#include "messaging/MessageQuestions.h"
 #include "messaging/Recipients.h"
 #include "platform/Text.h"
 
@@ -106,7 +107,6 @@ void MessageSending::KeepSent() {
 
 std::optional<std::vector<MessageSending::Waiting>> CollectOutbox(const MessageTree& tree,
                                                                   UserInteraction& user) {
-    if (user.Ask(Words(Word::SendAllOutbox)) != Answer::Yes) return std::nullopt;
     MessageFolder& outbox = tree.OnPc(outboxPlace);
     std::vector<MessageSending::Waiting> messages;
     {
@@ -114,6 +114,7 @@ std::optional<std::vector<MessageSending::Waiting>> CollectOutbox(const MessageT
         for (const auto& record : outbox.records)
             messages.push_back({&outbox, record.get()});
     }
+    if (user.Ask(SendQuestion(Word::SendAllOutbox, messages)) != Answer::Yes) return std::nullopt;
     if (messages.size() <= mostMessagesToSend) return messages;
     user.Tell(Words(Word::TooManyMessages));
     return std::nullopt;

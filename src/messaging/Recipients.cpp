@@ -59,6 +59,11 @@ CheckedRecipients CheckRecipients(std::u16string_view text, const RecipientMatch
     return checked;
 }
 
+CheckedRecipients CheckDraftRecipients(std::u16string_view text, const RecipientMatcher& matcher) {
+    CheckedRecipients checked = CheckRecipients(text, matcher);
+    return checked.fault == Word::NoRecipient ? CheckedRecipients() : checked;
+}
+
 std::optional<Word> AddRecipient(std::u16string& text, std::u16string_view recipient) {
     const std::u16string_view before = Trimmed<std::u16string_view>(text, blanks);
     const bool isSeparated = before.empty() || separators.find(before.back()) != std::u16string_view::npos;
@@ -77,6 +82,10 @@ std::vector<std::string> NumbersOf(const SmsRecord& record) {
                                        if (!number.empty()) numbers.emplace_back(number);
                                    });
     return numbers;
+}
+
+bool IsSendable(const SmsRecord& record) {
+    return record.messageType == SmsRecord::submit && !record.unreadable;
 }
 
 SmsRecord RecordForNumber(const SmsRecord& record, std::string_view number) {

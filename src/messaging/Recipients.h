@@ -35,16 +35,19 @@ public:
 struct CheckedRecipients {
     std::optional<Word> fault;              ///< what to tell the user
     std::u16string text{};                  ///< the numbers and their separators in one, without blanks
-    std::vector<std::u16string> numbers{};  ///< in order, at least one
+    std::vector<std::u16string> numbers{};  ///< in order
 
     explicit operator bool() const { return !fault; }
 };
 
-/// The check before a message is sent or saved: the names become numbers; neither the text nor what became of
+/// The check before a message is sent: the names become numbers; neither the text nor what became of
 /// it is too long; there is a number, and each consists of 0 to 9, `*`, `#` and one `+`, at its front, at
 /// most. Blanks around a number don't count, those in it do. A separator with nothing on one side of it
 /// leaves an invalid number, and a text of separators alone no recipient.
 CheckedRecipients CheckRecipients(std::u16string_view text, const RecipientMatcher& matcher);
+
+/// The same before one is saved: a draft needs no recipient, and has no number then.
+CheckedRecipients CheckDraftRecipients(std::u16string_view text, const RecipientMatcher& matcher);
 
 /// Adds a recipient, a name or a number, behind the text. Word::RecipientsTextTooLong, with nothing changed,
 /// when that makes the text longer than longestRecipientsToEdit; otherwise nothing.
@@ -52,6 +55,9 @@ std::optional<Word> AddRecipient(std::u16string& text, std::u16string_view recip
 
 /// The numbers of a record's address, which may be several in one; empty ones and blanks are left out.
 std::vector<std::string> NumbersOf(const SmsRecord& record);
+
+/// Whether the message was written rather than received, so that it can be sent as it is.
+bool IsSendable(const SmsRecord& record);
 
 /// The record as it goes to one of its numbers. Its EmsMessage is a copy, so it may have none when all slots
 /// are taken.

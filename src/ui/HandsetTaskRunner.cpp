@@ -67,7 +67,7 @@ bool HandsetTaskRunner::Refuse() {
 
 void HandsetTaskRunner::Cancel() {
     if (task_) task_->Cancel();
-    if (dialog_ && dialog_->IsRunning()) dialog_->reject();
+    if (dialog_) dialog_->GiveUp();
 }
 
 intptr_t HandsetTaskRunner::Receive(Message& message) {

@@ -36,7 +36,7 @@ public:
     /// when the task has ended; the next one can begin when the dialog is closed too.
     bool Run(std::unique_ptr<TaskDialog> dialog, std::function<void()> ended);
 
-    /// The task that runs, if any, ends soon.
+    /// The task that runs, if any, ends soon, and a dialog of its own goes.
     void Cancel();
 
 Q_SIGNALS:

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "core/base/StringTable.h"
 #include "messaging/MessageFolders.h"
 #include "messaging/MessageList.h"
 #include "messaging/MessageTaskTest.h"
@@ -90,6 +91,71 @@ TEST_F(MessageFoldersTest, TransfersAndCleaningAskAndRefuse) {
     EXPECT_EQ(trash.records.size(), 1u);
     EXPECT_TRUE(folders.CleanTrash());
     EXPECT_TRUE(trash.records.empty() && trash.children.empty());
+}
+
+TEST_F(MessageFoldersTest, QuestionsSayWhatWillHappenAndWhatDestroys) {
+    std::vector<std::unique_ptr<SmsRecord>> owned;
+    const auto records = [&](size_t count, size_t unreadable) {
+        std::vector<SmsRecord*> chosen;
+        for (size_t i = 0; i < count; ++i) {
+            owned.push_back(std::make_unique<SmsRecord>());
+            if (i < unreadable) owned.back()->unreadable = "00";
+            chosen.push_back(owned.back().get());
+        }
+        return chosen;
+    };
+    const struct Row {
+        const MessageFolder& folder;
+        size_t messages;
+        size_t unreadable;
+        const char16_t* effect;
+        const char16_t* yes;
+        bool destroys;
+        size_t left;
+    } rows[] = {
+        {tree.OnHandset(inboxPlace), 3, 0, u"3 messages on the phone. They can't be brought back.", u"Delete",
+         true, 3},
+        {tree.OnHandset(inboxPlace), 1, 1,
+         u"1 message on the phone. It can't be brought back.\n"
+         u"Tarnbridge can't read it; the phone may be able to.",
+         u"Delete", true, 1},
+        {tree.OnHandset(inboxPlace), 3, 1,
+         u"2 messages on the phone. They can't be brought back.\n"
+         u"Messages that can't be read and stay: 1. Delete them one at a time.",
+         u"Delete", true, 2},
+        {tree.OnPc(inboxPlace), 1, 0, u"1 message goes to the Trash Can.", u"Move to Trash Can", false, 1},
+        {trash, 2, 0, u"2 messages in the Trash Can. They can't be brought back.", u"Delete", true, 2},
+    };
+    for (const Row& row : rows) {
+        user.answers = {Answer::Yes};
+        std::vector<SmsRecord*> chosen = records(row.messages, row.unreadable);
+        EXPECT_TRUE(folders.ConfirmDelete(row.folder, chosen));
+        const Question& asked = user.questions.back();
+        EXPECT_EQ(asked.words, u"Do you want to delete the message(s)?");
+        EXPECT_EQ(asked.effect, row.effect);
+        EXPECT_EQ(asked.yes, row.yes);
+        EXPECT_EQ(asked.destroys == Answer::Yes, row.destroys);
+        EXPECT_EQ(chosen.size(), row.left);
+    }
+    std::vector<SmsRecord*> several = records(2, 2);
+    EXPECT_FALSE(folders.ConfirmDelete(tree.OnHandset(inboxPlace), several)) << "each one alone";
+    EXPECT_EQ(user.heard.back(), Words(Word::UnreadableGoAlone));
+
+    MessageFolder& family = *folders.Make(personal, u"Family");
+    folders.Make(family, u"Sister")->Append(std::make_unique<SmsRecord>());
+    user.answers = {Answer::Cancel};
+    EXPECT_FALSE(folders.Remove(family));
+    EXPECT_EQ(user.questions.back().effect, u"\"Family\" and all that is in it. Messages: 1.");
+    EXPECT_EQ(user.questions.back().destroys, Answer::No);
+
+    // Who has turned the questions about the trash can off is still asked before something is gone.
+    MessageFolders quiet(tree, user, keeper, false);
+    std::vector<SmsRecord*> chosen = records(1, 0);
+    EXPECT_TRUE(quiet.ConfirmDelete(tree.OnPc(inboxPlace), chosen));
+    EXPECT_TRUE(quiet.Remove(family));
+    EXPECT_TRUE(tree.IsInTrash(family));
+    user.answers = {Answer::No, Answer::No, Answer::No};
+    EXPECT_FALSE(quiet.ConfirmDelete(trash, chosen) || quiet.Remove(family) || quiet.CleanTrash());
 }
 
 TEST_F(MessageFoldersTest, TheListSortsAndFiltersWithoutTouchingTheRecords) {

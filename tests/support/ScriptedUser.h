@@ -25,8 +25,12 @@ public:
     /// What the user was asked, told, or shown as the title of progress or of a choice, in order.
     std::vector<std::u16string> heard;
 
-    Answer Ask(const std::u16string& words, AnswerSet) override {
-        return Next(answers, words, Answer::Cancel);
+    /// The whole of what `heard` has the words of.
+    std::vector<Question> questions;
+
+    Answer Ask(const Question& question) override {
+        questions.push_back(question);
+        return Next(answers, question.words, Answer::Cancel);
     }
 
     void Tell(const std::u16string& words) override {

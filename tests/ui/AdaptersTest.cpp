@@ -119,14 +119,52 @@ TEST_F(Dialogs, OfferTheAnswersAskedForAndNoOthers) {
                     if (button->text() == choice) button->click();
                 }
             });
-            const Answer answer = OnAnotherThread([&] { return user.Ask(u"Delete <b>all</b>?", set); });
+            const Answer answer =
+                OnAnotherThread([&] { return user.Ask({.words = u"Delete <b>all</b>?", .answers = set}); });
             const QStringList all = {"Yes", "No", "Cancel", "Yes to all", "No to all"};
             EXPECT_EQ(static_cast<int>(answer), all.indexOf(choice));
         }
         // Closed unanswered.
         test::OnDialog(QStringLiteral("question"),
                        [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-        EXPECT_EQ(user.Ask(u"?", set), words.contains("Cancel") ? Answer::Cancel : Answer::No);
+        EXPECT_EQ(user.Ask({.words = u"?", .answers = set}),
+                  words.contains("Cancel") ? Answer::Cancel : Answer::No);
+    }
+}
+
+TEST_F(Dialogs, SayWhatWillHappenAndNeverDestroyByEnter) {
+    const struct Row {
+        AnswerSet answers;
+        std::optional<Answer> destroys;
+        const char* enter;
+    } rows[] = {
+        {AnswerSet::YesNo, {}, "Do"},
+        {AnswerSet::YesNo, Answer::Yes, "Don't"},
+        {AnswerSet::YesNoCancel, Answer::No, "Do"},
+        {AnswerSet::YesNoCancel, Answer::Yes, "Leave"},
+        {AnswerSet::YesNoAllCancel, Answer::Yes, "Leave"},
+    };
+    for (const Row& row : rows) {
+        QString enter;
+        bool plain = false;
+        test::OnDialog(QStringLiteral("question"), [&](QDialog& dialog) {
+            auto& box = static_cast<QMessageBox&>(dialog);
+            enter = box.defaultButton()->text();
+            for (const QLabel* const label : box.findChildren<QLabel*>()) {
+                if (label->text() == "<b>3</b> go.") plain = label->textFormat() == Qt::PlainText;
+            }
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        });
+        const Answer answer = user.Ask({.words = u"?",
+                                        .effect = u"<b>3</b> go.",
+                                        .answers = row.answers,
+                                        .yes = u"Do",
+                                        .no = u"Don't",
+                                        .cancel = u"Leave",
+                                        .destroys = row.destroys});
+        EXPECT_EQ(enter, row.enter) << &row - rows;
+        EXPECT_NE(answer, row.destroys) << &row - rows;
+        EXPECT_TRUE(plain) << "what will happen is shown, and never as markup";
     }
 }
 
@@ -159,7 +197,7 @@ TEST_F(Dialogs, StandOverTheWindowThatTheUserIsInAndMayGoWithIt) {
     editor->activateWindow();
     ASSERT_TRUE(test::Await([&] { return editor->isActiveWindow(); }));
     test::OnDialog(QStringLiteral("question"), [&](QDialog&) { editor.reset(); });
-    EXPECT_EQ(user.Ask(u"Save?", AnswerSet::YesNoCancel), Answer::Cancel);
+    EXPECT_EQ(user.Ask({.words = u"Save?", .answers = AnswerSet::YesNoCancel}), Answer::Cancel);
     test::OnDialog(QStringLiteral("folders"), [](QDialog& dialog) { dialog.close(); });
     EXPECT_EQ(user.ChooseFolder({u"Save to...", {{u"PC", 0}}}), std::nullopt);
 }

@@ -212,11 +212,10 @@ private:
         CMainFrame& frame = *program_.Frame();
         UserInteraction& user = program_.Document()->User();
         GrabDialog(QStringLiteral("dialog-about"), [&] { AboutDialog(&frame).exec(); });
-        GrabDialog(QStringLiteral("dialog-question"),
-                   [&] { user.Ask(Words(Word::RestartNow), AnswerSet::YesNo); });
+        GrabDialog(QStringLiteral("dialog-question"), [&] { user.Ask({Words(Word::RestartNow)}); });
         GrabDialog(QStringLiteral("dialog-question-all"), [&] {
-            user.Ask(Words(Word::NameWillBeShortened, {u"Maximilian Alexander", u"Maximilian"}),
-                     AnswerSet::YesNoAllCancel);
+            user.Ask({.words = Words(Word::NameWillBeShortened, {u"Maximilian Alexander", u"Maximilian"}),
+                      .answers = AnswerSet::YesNoAllCancel});
         });
         GrabDialog(QStringLiteral("dialog-note"), [&] { user.Tell(Words(Word::ProfileNotSaved)); });
         GrabDialog(QStringLiteral("dialog-text"), [&] {

@@ -76,6 +76,7 @@ const std::vector<Settings::Row>& Settings::Rows() {
         {"7Bit", "Sms", text(u"FALSE")},
         {"Folder", "Sms", list},
         {"Sorting", "Sms", list},
+        {"Ask", "Trash", text(u"TRUE")},
     };
     return rows;
 }

@@ -44,6 +44,7 @@ enum class SettingIndex : int {
     SevenBitSms,  ///< text: `TRUE` sends with 7-bit coding
     SmsFolder,    ///< list: the rows from the root of the folders to the one last open
     SmsSorting,   ///< list: the column that the messages are sorted by, and 1 if downwards
+    AskTrash,     ///< text: `FALSE` moves to the trash can without a question
     Count
 };
 

@@ -14,6 +14,18 @@ enum class Answer { Yes, No, Cancel, YesToAll, NoToAll };
 /// Which answers a question offers.
 enum class AnswerSet { YesNo, YesNoCancel, YesNoAll, YesNoAllCancel };
 
+/// A question that is answered by buttons.
+struct Question {
+    std::u16string words;
+    std::u16string effect{};  ///< a line of its own: what will happen; empty for none
+    AnswerSet answers = AnswerSet::YesNo;
+    // What the answers do, in place of the plain words where it isn't empty.
+    std::u16string yes{};
+    std::u16string no{};
+    std::u16string cancel{};
+    std::optional<Answer> destroys{};  ///< Yes or No where it can't be undone: never chosen by a mere Enter
+};
+
 struct TextQuestion {
     std::u16string words;
     std::u16string suggestion{};
@@ -36,10 +48,10 @@ struct FileQuestion {
     std::vector<FileFilter> filters{};
 };
 
-/// A row of a tree of folders, which is offered in the order in which it is shown.
 /// What a folder is, for its drawing.
 enum class FolderLook { Own, Handset, Computer, Inbox, Outbox, Sent, Draft, Personal, Trash };
 
+/// A row of a tree of folders, which is offered in the order in which it is shown.
 struct FolderRow {
     std::u16string name;
     int depth = 0;                           ///< 0 for a root
@@ -83,7 +95,7 @@ public:
 
     /// One of the answers offered. A question that is closed unanswered is Cancel if that is offered,
     /// otherwise No.
-    virtual Answer Ask(const std::u16string& words, AnswerSet answers = AnswerSet::YesNo) = 0;
+    virtual Answer Ask(const Question& question) = 0;
 
     /// Waits until the user has taken note.
     virtual void Tell(const std::u16string& words) = 0;
@@ -109,10 +121,11 @@ public:
     explicit RepeatedQuestion(UserInteraction& user, AnswerSet answers = AnswerSet::YesNoAllCancel)
         : user_(user), answers_(answers) {}
 
-    /// Yes, No or Cancel.
-    Answer Ask(const std::u16string& words) {
+    /// Yes, No or Cancel. Which answers are offered was settled at the beginning.
+    Answer Ask(Question question) {
         if (forAll_) return *forAll_;
-        const Answer answer = user_.Ask(words, answers_);
+        question.answers = answers_;
+        const Answer answer = user_.Ask(question);
         if (answer == Answer::YesToAll) forAll_ = Answer::Yes;
         if (answer == Answer::NoToAll) forAll_ = Answer::No;
         return forAll_.value_or(answer);

@@ -78,6 +78,11 @@ void TaskDialog::reject() {
     ShowWords(QWords(Word::Cancelling));
 }
 
+void TaskDialog::GiveUp() {
+    givenUp_ = true;
+    reject();
+}
+
 void TaskDialog::End() {
     running_ = false;
     ShowWords({});
@@ -89,7 +94,7 @@ void TaskDialog::End() {
     if (!task_.WasCancelled() && !task_.LostHandset()) bar_->setValue(bar_->maximum());
     const bool stays = ShowEnd();
     Q_EMIT ended();
-    if (!stays) accept();
+    if (!stays || givenUp_) accept();
 }
 
 }  // namespace tarnbridge

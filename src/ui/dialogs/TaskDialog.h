@@ -26,6 +26,9 @@ public:
 
     bool IsRunning() const { return running_; }
 
+    /// Closes it, as soon as the task has ended if that still runs: nobody reads what came of it.
+    void GiveUp();
+
 public Q_SLOTS:
     /// While the task runs, the wish to cancel it.
     void reject() override;
@@ -56,6 +59,7 @@ private:
     QProgressBar* const bar_;
     QPushButton* const button_;
     bool running_ = false;
+    bool givenUp_ = false;
     MessageReceiver receiver_;
 };
 

@@ -1,6 +1,7 @@
 #include "ui/dialogs/WindowInteraction.h"
 
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -79,16 +80,40 @@ void Fill(QMessageBox& box, const std::u16string& words, const QString& icon) {
     box.setIconPixmap(ThemedIcon(icon).pixmap(QSize(pictureSide, pictureSide), box.devicePixelRatio()));
 }
 
-Answer AskIn(QWidget* parent, const std::u16string& words, AnswerSet set) {
+std::u16string VerbOf(const Question& question, const AnswerButton& offered) {
+    std::u16string verb;
+    if (offered.answer == Answer::Yes) verb = question.yes;
+    if (offered.answer == Answer::No) verb = question.no;
+    if (offered.answer == Answer::Cancel) verb = question.cancel;
+    return verb.empty() ? Words(offered.words) : verb;
+}
+
+/// A line of its own below the words.
+void ShowEffect(QMessageBox& box, const std::u16string& effect) {
+    if (effect.empty()) return;
+    box.setInformativeText(ToQString(effect));
+    for (QLabel* const label : box.findChildren<QLabel*>()) {
+        if (label->text() == box.informativeText()) label->setTextFormat(Qt::PlainText);
+    }
+}
+
+Answer Unanswered(AnswerSet set) {
+    return Offers(set, Answer::Cancel) ? Answer::Cancel : Answer::No;
+}
+
+Answer AskIn(QWidget* parent, const Question& question) {
     Opened box(new QMessageBox(parent));
-    Fill(*box, words, QStringLiteral("help"));
+    const bool warns = question.destroys == Answer::Yes;
+    Fill(*box, question.words, warns ? QStringLiteral("warning") : QStringLiteral("help"));
+    ShowEffect(*box, question.effect);
     box->setObjectName(QStringLiteral("question"));
-    const Answer unanswered = Offers(set, Answer::Cancel) ? Answer::Cancel : Answer::No;
+    const Answer unanswered = Unanswered(question.answers);
+    const Answer enter = warns ? unanswered : Answer::Yes;
     for (const AnswerButton& offered : answerButtons) {
-        if (!Offers(set, offered.answer)) continue;
-        QPushButton* const button = box->addButton(QWords(offered.words), offered.role);
+        if (!Offers(question.answers, offered.answer)) continue;
+        QPushButton* const button = box->addButton(ToQString(VerbOf(question, offered)), offered.role);
         button->setProperty("answer", static_cast<int>(offered.answer));
-        if (offered.answer == Answer::Yes) box->setDefaultButton(button);
+        if (offered.answer == enter) box->setDefaultButton(button);
         if (offered.answer == unanswered) box->setEscapeButton(button);
     }
     const QAbstractButton* const clicked = box.Run() ? box->clickedButton() : nullptr;
@@ -106,12 +131,26 @@ QString FilterLine(const std::vector<FileFilter>& filters) {
     return lines.join(QStringLiteral(";;"));
 }
 
+/// Asks about the file that is there already, by the name that it will have.
+bool MayReplace(QWidget* parent, const std::vector<std::filesystem::path>& chosen) {
+    std::error_code ignored;
+    if (chosen.empty() || !std::filesystem::exists(chosen.front(), ignored)) return true;
+    const std::u16string name = ToText(PathToQString(chosen.front().filename()));
+    const Question question{.words = Words(Word::ReplaceFile, {name}),
+                            .effect = Words(Word::ReplaceEffect),
+                            .yes = Words(Word::AnswerReplace),
+                            .no = Words(Word::Cancel),
+                            .destroys = Answer::Yes};
+    return AskIn(parent, question) == Answer::Yes;
+}
+
 std::vector<std::filesystem::path> ChooseIn(QWidget* parent, const FileQuestion& question) {
     Opened dialog(new QFileDialog(parent, ToQString(question.title), PathToQString(question.folder),
                                   FilterLine(question.filters)));
     dialog->setObjectName(QStringLiteral("files"));
     if (question.purpose == FilePurpose::Save) {
         dialog->setAcceptMode(QFileDialog::AcceptSave);
+        dialog->setOption(QFileDialog::DontConfirmOverwrite);
         dialog->setFileMode(QFileDialog::AnyFile);
         dialog->selectFile(ToQString(question.suggestedName));
         if (!question.filters.empty() && !question.filters[0].patterns.empty()) {
@@ -123,11 +162,13 @@ std::vector<std::filesystem::path> ChooseIn(QWidget* parent, const FileQuestion&
         dialog->setFileMode(question.purpose == FilePurpose::OpenSeveral ? QFileDialog::ExistingFiles
                                                                          : QFileDialog::ExistingFile);
     }
-    std::vector<std::filesystem::path> chosen;
-    if (!dialog.RunToOk()) return chosen;
-    for (const QString& name : dialog->selectedFiles())
-        chosen.push_back(ToPath(name));
-    return chosen;
+    for (;;) {
+        std::vector<std::filesystem::path> chosen;
+        if (!dialog.RunToOk()) return chosen;
+        for (const QString& name : dialog->selectedFiles())
+            chosen.push_back(ToPath(name));
+        if (question.purpose != FilePurpose::Save || MayReplace(parent, chosen)) return chosen;
+    }
 }
 
 }  // namespace
@@ -148,9 +189,9 @@ Type WindowInteraction::InWindow(Type otherwise, const std::function<Type(QWidge
     return answer;
 }
 
-Answer WindowInteraction::Ask(const std::u16string& words, AnswerSet answers) {
-    const Answer otherwise = Offers(answers, Answer::Cancel) ? Answer::Cancel : Answer::No;
-    return InWindow<Answer>(otherwise, [&](QWidget* parent) { return AskIn(parent, words, answers); });
+Answer WindowInteraction::Ask(const Question& question) {
+    return InWindow<Answer>(Unanswered(question.answers),
+                            [&](QWidget* parent) { return AskIn(parent, question); });
 }
 
 void WindowInteraction::Tell(const std::u16string& words) {

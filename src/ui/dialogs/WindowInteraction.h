@@ -20,7 +20,7 @@ public:
     /// Over which window the dialogs stand when he is in none.
     void SetWindow(QWidget* window) { window_ = window; }
 
-    Answer Ask(const std::u16string& words, AnswerSet answers) override;
+    Answer Ask(const Question& question) override;
     void Tell(const std::u16string& words) override;
     std::optional<std::u16string> AskText(const TextQuestion& question) override;
     std::vector<std::filesystem::path> ChooseFiles(const FileQuestion& question) override;

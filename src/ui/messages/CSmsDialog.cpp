@@ -155,9 +155,8 @@ void CSmsDialog::AddRecipient(const QString& recipient) {
         recipients_->setText(ToQString(draft_->Recipients()));
 }
 
-std::optional<SmsRecord> CSmsDialog::MakeRecord() {
+std::optional<SmsRecord> CSmsDialog::MakeRecord(const CheckedRecipients& checked) {
     note_->Clear();
-    const CheckedRecipients checked = CheckRecipients(draft_->Recipients(), surroundings_.matcher);
     if (!checked) {
         QApplication::beep();
         note_->Show(QWords(*checked.fault));
@@ -173,12 +172,13 @@ std::optional<SmsRecord> CSmsDialog::MakeRecord() {
 
 void CSmsDialog::Send() {
     closes_ = false;
-    if (const auto record = MakeRecord()) Q_EMIT sendWanted(*record);
+    const auto record = MakeRecord(CheckRecipients(draft_->Recipients(), surroundings_.matcher));
+    if (record) Q_EMIT sendWanted(*record);
 }
 
 void CSmsDialog::Save(bool closes) {
     closes_ = closes;
-    if (const auto record = MakeRecord())
+    if (const auto record = MakeRecord(CheckDraftRecipients(draft_->Recipients(), surroundings_.matcher)))
         Q_EMIT saveWanted(*record);
     else
         NoteNotSaved();

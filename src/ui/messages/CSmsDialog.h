@@ -68,7 +68,7 @@ private:
     void Refresh();
     void Send();
     void Save(bool closes);
-    std::optional<SmsRecord> MakeRecord();
+    std::optional<SmsRecord> MakeRecord(const CheckedRecipients& checked);
 
     const Surroundings surroundings_;
     const std::unique_ptr<MessageDraft> draft_;

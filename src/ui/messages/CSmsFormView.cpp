@@ -461,7 +461,11 @@ void CSmsFormView::UpdateCommands() {
     MessageSituation situation;
     situation.busy = operations_->IsBusy();
     situation.connected = Document().Watch().IsConnected();
-    situation.selected = static_cast<size_t>(list_->selectionModel()->selectedRows().size());
+    const QModelIndexList selected = list_->selectionModel()->selectedRows();
+    situation.selected = static_cast<size_t>(selected.size());
+    situation.canSend = std::any_of(selected.begin(), selected.end(), [this](const QModelIndex& row) {
+        return listModel_->IsSendable(row.row());
+    });
     situation.inFolder = listModel_->CountInFolder();
     situation.canPaste = operations_->CanPaste();
     situation.trashHasContent = !isEmpty(trash);

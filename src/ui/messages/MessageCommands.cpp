@@ -24,6 +24,7 @@ enum Need : unsigned {
     FullOutbox = 1U << 8,
     SomethingCut = 1U << 9,
     Rest = 1U << 10,  ///< no task that runs
+    Written = 1U << 11,
 };
 
 struct Row {
@@ -45,7 +46,7 @@ const std::vector<Row>& Rows() {
         {C::ForwardMessage, "forwardMessage", "forward", Word::CommandForwardMessage, Qt::CTRL | Qt::Key_L,
          OneMessage},
         {C::SendMessage, "sendMessage", "send", Word::CommandSendMessage, Qt::CTRL | Qt::Key_Return,
-         Rest | Handset | SomeMessages},
+         Rest | Handset | SomeMessages | Written},
         {C::SendAllMessages, "sendAllMessages", "send-all", Word::CommandSendAllMessages,
          Qt::CTRL | Qt::SHIFT | Qt::Key_Return, Rest | Handset | FullOutbox},
         {C::ReadMessages, "readMessages", "read", Word::CommandReadMessages, QKeySequence::Refresh,
@@ -93,6 +94,7 @@ constexpr Obstacle obstacles[] = {
     {Handset, Word::ObstacleNoHandset, [](const MessageSituation& s) { return !s.connected; }},
     {OneMessage, Word::ObstacleNotOneMessage, [](const MessageSituation& s) { return s.selected != 1; }},
     {SomeMessages, Word::ObstacleNoMessage, [](const MessageSituation& s) { return s.selected == 0; }},
+    {Written, Word::OnlyReceived, [](const MessageSituation& s) { return !s.canSend; }},
     {FolderWithMessages, Word::ObstacleEmptyFolder,
      [](const MessageSituation& s) { return s.inFolder == 0; }},
     {SomethingCut, Word::ObstacleNothingCut, [](const MessageSituation& s) { return !s.canPaste; }},

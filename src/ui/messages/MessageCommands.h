@@ -17,6 +17,7 @@ struct MessageSituation {
     bool busy = false;             ///< a task runs
     bool connected = false;        ///< the handset answers
     size_t selected = 0;           ///< messages
+    bool canSend = false;          ///< one of them was written rather than received
     size_t inFolder = 0;           ///< messages, shown or not
     bool holdsMessages = false;    ///< the folder
     bool mayMakeFolder = false;    ///< in the folder

@@ -39,6 +39,9 @@ public:
     /// The address of the row's message, which may have left the folder since the last Refresh.
     SmsRecord* RecordAt(int row) const { return list_.At(static_cast<size_t>(row)).record; }
 
+    /// Whether it was written rather than received.
+    bool IsSendable(int row) const { return list_.At(static_cast<size_t>(row)).sendable; }
+
     /// The rows of these messages, in order, without those that aren't shown.
     std::vector<int> RowsOf(const std::vector<SmsRecord*>& records) const;
 

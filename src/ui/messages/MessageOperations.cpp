@@ -7,9 +7,11 @@
 #include "core/base/StringTable.h"
 #include "messaging/HandsetMemories.h"
 #include "messaging/MessageDownload.h"
+#include "messaging/MessageQuestions.h"
 #include "messaging/MessageRemoval.h"
 #include "messaging/MessageTextFile.h"
 #include "messaging/MessageTransfer.h"
+#include "messaging/Recipients.h"
 #include "platform/Text.h"
 #include "ui/messages/CSmsReadDialog.h"
 #include "ui/messages/SendingDialog.h"
@@ -35,7 +37,8 @@ MessageOperations::MessageOperations(CTarnbridgeDoc& document, QWidget* owner)
       document_(document),
       owner_(owner),
       tree_(document.Content().messageRoot),
-      folders_(tree_, document.User(), Keeper()),
+      folders_(tree_, document.User(), Keeper(),
+               document.Preferences().GetText(SettingIndex::AskTrash) != u"FALSE"),
       runner_(document, this) {
     connect(&runner_, &HandsetTaskRunner::busyChanged, this, &MessageOperations::busyChanged);
 }
@@ -67,7 +70,7 @@ std::u16string MessageOperations::PreferredMemory() const {
 }
 
 void MessageOperations::Read() {
-    if (runner_.IsBusy() || document_.User().Ask(Words(Word::DownloadMessages)) != Answer::Yes) return;
+    if (runner_.IsBusy() || document_.User().Ask(ReadQuestion()) != Answer::Yes) return;
     for (const KeptSelections::Kept& kept : kept_.AllIn(tree_.HandsetRoot()))
         kept->records.clear();
     runner_.Run(std::make_unique<CSmsReadDialog>(std::make_unique<MessageDownload>(document_.Worker(), tree_),
@@ -150,10 +153,11 @@ void MessageOperations::Paste(MessageFolder& to) {
 }
 
 void MessageOperations::Delete(const MessageSelection& selection) {
-    if (selection.IsEmpty() || runner_.IsBusy() || !folders_.ConfirmDelete()) return;
-    kept_.Forget(selection.records);
-    const auto removal = std::make_shared<MessageRemoval>(document_.Worker(), tree_, Keeper(),
-                                                          *selection.folder, selection.records);
+    std::vector<SmsRecord*> records = selection.StillThere().records;
+    if (runner_.IsBusy() || !folders_.ConfirmDelete(*selection.folder, records)) return;
+    kept_.Forget(records);
+    const auto removal =
+        std::make_shared<MessageRemoval>(document_.Worker(), tree_, Keeper(), *selection.folder, records);
     runner_.Run(removal, Words(Word::DeletingMessages), [this, removal] {
         Q_EMIT changed();
         Report(*removal, removal->Outcomes());
@@ -173,14 +177,21 @@ bool MessageOperations::MarkRead(const MessageSelection& selection) {
 }
 
 void MessageOperations::Send(const MessageSelection& selection) {
+    if (selection.IsEmpty() || runner_.IsBusy()) return;
+    UserInteraction& user = document_.User();
+    const std::vector<SmsRecord*> chosen = selection.StillThere().records;
     std::vector<MessageSending::Waiting> messages;
-    for (SmsRecord* const record : selection.records)
-        messages.push_back({selection.folder, record});
-    if (messages.size() > mostMessagesToSend) {
-        document_.User().Tell(Words(Word::TooManyMessages));
-        return;
+    for (SmsRecord* const record : chosen) {
+        if (IsSendable(*record)) messages.push_back({selection.folder, record});
     }
-    SendAllOf(messages);
+    if (messages.empty()) {
+        user.Tell(Words(Word::OnlyReceived));
+    } else if (messages.size() > mostMessagesToSend) {
+        user.Tell(Words(Word::TooManyMessages));
+    } else if (chosen.size() == 1 || user.Ask(SendQuestion(Word::SendSeveral, messages,
+                                                           chosen.size() - messages.size())) == Answer::Yes) {
+        SendAllOf(messages);
+    }
 }
 
 void MessageOperations::SendAll() {
@@ -270,10 +281,15 @@ void MessageOperations::SaveComposed(const SmsRecord& record, KeptSelections::Ke
         const auto target = AskSaveTarget(
             tree_, {.memories = memories, .preferredMemory = PreferredMemory(), .suggested = suggested},
             document_.User());
-        if (target)
-            SaveTo(*composed, *target, origin, saved);
-        else
+        const bool needsNumber = target && tree_.IsOnHandset(*target->folder);
+        if (needsNumber && NumbersOf(*composed).empty()) {
+            document_.User().Tell(Words(Word::NoRecipientForPhone));
             saved(false);
+        } else if (target) {
+            SaveTo(*composed, *target, origin, saved);
+        } else {
+            saved(false);
+        }
     };
     if (!WithMemories(save)) saved(false);
 }

@@ -47,6 +47,7 @@ public:
     void Paste(MessageFolder& to);
 
     void Delete(const MessageSelection& selection);
+    /// Those that were written; the user is told where there is none, and asked where several are chosen.
     void Send(const MessageSelection& selection);
     void SendAll();
 

@@ -1,9 +1,25 @@
 #include "ui/messages/MessageSelection.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_set>
 #include <utility>
 
 namespace tarnbridge {
+
+MessageSelection MessageSelection::StillThere() const {
+    MessageSelection there{folder};
+    if (!folder) return there;
+    std::unordered_set<const SmsRecord*> present;
+    {
+        const std::lock_guard guard(folder->lock);
+        for (const auto& record : folder->records)
+            present.insert(record.get());
+    }
+    std::copy_if(records.begin(), records.end(), std::back_inserter(there.records),
+                 [&](const SmsRecord* record) { return present.contains(record); });
+    return there;
+}
 
 KeptSelections::Kept KeptSelections::Keep(MessageSelection selection) {
     const auto kept = std::make_shared<MessageSelection>(std::move(selection));

@@ -13,6 +13,9 @@ struct MessageSelection {
     std::vector<SmsRecord*> records{};
 
     bool IsEmpty() const { return records.empty(); }
+
+    /// Without the messages that aren't in the folder any more.
+    MessageSelection StillThere() const;
 };
 
 /// Selections that are kept for later: what was cut, what an editor was opened on. A new record may get the

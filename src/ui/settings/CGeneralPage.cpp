@@ -219,8 +219,7 @@ void CGeneralPage::ChooseLanguage() {
     const int32_t language = language_->currentData().toInt();
     if (language == settings.GetNumber(SettingIndex::Language)) return;
     settings.SetNumber(SettingIndex::Language, language);
-    if (document_.User().Ask(Words(Word::RestartNow), AnswerSet::YesNo) == Answer::Yes)
-        Q_EMIT restartWanted();
+    if (document_.User().Ask({Words(Word::RestartNow)}) == Answer::Yes) Q_EMIT restartWanted();
 }
 
 }  // namespace tarnbridge

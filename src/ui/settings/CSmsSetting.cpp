@@ -1,5 +1,6 @@
 #include "ui/settings/CSmsSetting.h"
 
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -20,6 +21,14 @@ CSmsSetting::CSmsSetting(CTarnbridgeDoc& document, QWidget* parent)
               Word::SettingsEncodingHint);
     AddChoice(Word::SettingsMemory, SettingIndex::SmsMemory, {Word::MemorySim, "memorySim", u"SM"},
               {Word::MemoryPhone, "memoryPhone", u"ME"}, Word::SettingsMemoryHint);
+    auto* const askTrash = new QCheckBox(QWords(Word::SettingsAskTrash));
+    askTrash->setObjectName(QStringLiteral("askTrash"));
+    Settings& settings = document_.Preferences();
+    askTrash->setChecked(settings.GetText(SettingIndex::AskTrash) != u"FALSE");
+    connect(askTrash, &QCheckBox::toggled, this, [&settings](bool checked) {
+        settings.SetText(SettingIndex::AskTrash, checked ? u"TRUE" : u"FALSE");
+    });
+    layout_->addWidget(askTrash);
     layout_->addStretch(1);
 }
 

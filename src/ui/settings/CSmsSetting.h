@@ -10,7 +10,8 @@ class CTarnbridgeDoc;
 enum class SettingIndex : int;
 enum class Word : int;
 
-/// The settings of messages: long ones, their encoding, and the memory in which the phone keeps them.
+/// The settings of messages: long ones, their encoding, the memory in which the phone keeps them, and whether
+/// moving to the trash can is asked about.
 class CSmsSetting : public QWidget {
     Q_OBJECT
 

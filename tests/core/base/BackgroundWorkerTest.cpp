@@ -225,16 +225,16 @@ TEST(RepeatedQuestion, AnAnswerForAllHoldsForTheRest) {
     test::ScriptedUser user;
     user.answers = {Answer::No, Answer::YesToAll};
     RepeatedQuestion question(user);
-    EXPECT_EQ(question.Ask(u"1"), Answer::No);
-    EXPECT_EQ(question.Ask(u"2"), Answer::Yes);
-    EXPECT_EQ(question.Ask(u"3"), Answer::Yes);
+    EXPECT_EQ(question.Ask({u"1"}), Answer::No);
+    EXPECT_EQ(question.Ask({u"2"}), Answer::Yes);
+    EXPECT_EQ(question.Ask({u"3"}), Answer::Yes);
     EXPECT_EQ(user.heard.size(), 2u);
 
     user.answers = {Answer::Cancel, Answer::NoToAll};
     RepeatedQuestion again(user);
-    EXPECT_EQ(again.Ask(u"1"), Answer::Cancel);
-    EXPECT_EQ(again.Ask(u"2"), Answer::No);
-    EXPECT_EQ(again.Ask(u"3"), Answer::No);
+    EXPECT_EQ(again.Ask({u"1"}), Answer::Cancel);
+    EXPECT_EQ(again.Ask({u"2"}), Answer::No);
+    EXPECT_EQ(again.Ask({u"3"}), Answer::No);
 }
 
 }  // namespace

@@ -84,6 +84,50 @@ TEST_F(Composing, WithoutAHandsetAMessageWaitsOnTheDisk) {
     EXPECT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"later still"});
 }
 
+TEST_F(Composing, ADraftNeedsNoRecipientOnThePc) {
+    Open();
+    Do("newMessage");
+    Write({}, QStringLiteral("to whom?"));
+    constexpr size_t draftRow = 9;
+    user.folders = {FolderChoice{4, u"ME"}, FolderChoice{draftRow}};
+    InEditor("save");
+    EXPECT_EQ(user.heard.back(), u"Without a recipient the message can be kept on the PC only.");
+    EXPECT_TRUE(Editor().isWindowModified());
+    user.answers = {Answer::Yes};
+    Editor().close();
+    EXPECT_TRUE(AwaitNoEditor());
+    EXPECT_EQ(user.questions.back().effect, u"What isn't saved is lost.");
+    ASSERT_EQ(TextsIn(Stored().OnPc(draftPlace)), Texts{u"to whom?"});
+    EXPECT_EQ(Stored().OnPc(draftPlace).records[0]->address.number, "");
+}
+
+TEST_F(Composing, OnlyWhatWasWrittenIsSentAndSeveralAreAskedAbout) {
+    Open();
+    ReadAll();
+    OpenFolder(Content().OnHandset(inboxPlace));
+    handset.ForgetCommands();
+    List().selectAll();
+    EXPECT_FALSE(Command("sendMessage").isEnabled());
+    EXPECT_TRUE(Command("sendMessage").toolTip().contains(QStringLiteral("not received")));
+
+    MessageFolder& personal = Content().OnPc(personalPlace);
+    Put(personal, u"received");
+    Put(personal, u"a", smsComposed, "1,2");
+    Put(personal, u"b", smsComposed, "3");
+    OpenFolder(personal);
+    Reopen();
+    List().selectAll();
+    user.answers = {Answer::No, Answer::Yes};
+    Do("sendMessage");
+    EXPECT_TRUE(told.isEmpty());
+    Do("sendMessage");
+    EXPECT_EQ(user.questions.back().effect,
+              u"Messages: 2. Recipients in all: 3. What has been sent can't be taken back.\n"
+              u"Messages that were received, which aren't sent: 1. They can be forwarded.");
+    EXPECT_EQ(told, QStringList{QStringLiteral("Sent: 3 of 3")});
+    EXPECT_EQ(TextsIn(personal), Texts{u"received"});
+}
+
 TEST_F(Composing, SavingTwiceAndSendingLeavesOneMessage) {
     Open();
     MessageFolder& draft = Content().OnPc(draftPlace);
