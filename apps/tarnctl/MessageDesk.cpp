@@ -77,6 +77,8 @@ bool MessageDesk::OpenProfile(bool toChange) {
     }
     if (state == ProfileState::Damaged || state == ProfileState::Foreign)
         PrintWords(fmt::format("{} could not be read to its end", path.string()));
+    if (state == ProfileState::Altered)
+        PrintWords(fmt::format("{} isn't the one that was saved last", path.string()));
     return true;
 }
 
@@ -250,8 +252,7 @@ bool MessageDesk::SaveNow() {
 ExitCode MessageDesk::Finish(ExitCode code) {
     if (changed_ && !SaveNow()) return OperationFailed;
     if (file_ && file_->CopiedAside())
-        PrintWords(
-            fmt::format("the profile that could not be read is kept as {}", file_->CopiedAside()->string()));
+        PrintWords(fmt::format("the profile as it was found is kept as {}", file_->CopiedAside()->string()));
     return code;
 }
 

@@ -34,6 +34,8 @@ std::string Fault(ProfileState state, const std::string& path) {
             return fmt::format("{} isn't a profile of version 2", path);
         case ProfileState::Damaged:
             return fmt::format("{} is damaged: what could be read is there, the rest isn't", path);
+        case ProfileState::Altered:
+            return fmt::format("{} isn't the one that was saved last; all of it could be read", path);
         case ProfileState::Whole:
             break;
     }
@@ -41,7 +43,7 @@ std::string Fault(ProfileState state, const std::string& path) {
 }
 
 bool HasContent(ProfileState state) {
-    return state == ProfileState::Whole || state == ProfileState::Damaged;
+    return state == ProfileState::Whole || state == ProfileState::Altered || state == ProfileState::Damaged;
 }
 
 Json AttributesToJson(const FolderAttributes& attributes) {
@@ -156,8 +158,9 @@ ExitCode Copy(const CopyOptions& options) {
     const Outcome outcome = file->Save(profile);
     if (!outcome) PrintWords(outcome.Failure().text);
     if (file->CopiedAside())
-        PrintWords(fmt::format("what stood in {} wasn't a whole profile; it is kept as {}", options.to,
-                               file->CopiedAside()->string()));
+        PrintWords(
+            fmt::format("what stood in {} wasn't a whole profile that was saved there; it is kept as {}",
+                        options.to, file->CopiedAside()->string()));
     return outcome && state == ProfileState::Whole ? Done : OperationFailed;
 }
 

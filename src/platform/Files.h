@@ -23,9 +23,23 @@ Outcome WriteFileAtomically(const std::filesystem::path& path, std::string_view 
 /// Takes the next bytes of a file. False once they can't be written.
 using ByteSink = std::function<bool(std::string_view)>;
 
+/// How a file is replaced.
+struct Replacement {
+    bool ownerOnly = false;  ///< nobody but the owner may read it, whatever stood there before
+    /// The folder isn't flushed: another replacement in it follows at once, whose flush serves both.
+    bool isFlushedByNext = false;
+    /// Called with all of the new content written, before it is flushed; on false it is dropped, and the file
+    /// stays as it is, which is no failure.
+    std::function<bool()> isWanted{};
+    /// Called when the new content is on the disk, right before it takes the old one's place; a failure is
+    /// that of the whole, and the file stays as it is.
+    std::function<Outcome()> before{};
+};
+
 /// The same with content that `produce` hands over piece by piece, so that it is never in memory as a whole.
 Outcome WriteFileAtomically(const std::filesystem::path& path,
-                            const std::function<void(const ByteSink&)>& produce);
+                            const std::function<void(const ByteSink&)>& produce,
+                            const Replacement& replacement = {});
 
 /// The entries of a folder whose name matches a pattern with `*` and `?`, sorted by name. Empty when the
 /// folder can't be read.

@@ -30,6 +30,9 @@ bool CTarnbridgeDoc::OnNewDocument() {
     EmptyTemporaryFolder(surroundings_.folder);
     phoneModels_.Load();
     file_->Load(profile_);
+    // What was lost is told before the user works on; what can't be copied now, the next save tries again.
+    file_->KeepAside();
+    TellAside();
     EnsureStandardFolders(profile_, FolderNames::OfProgram());
     return true;
 }
@@ -63,11 +66,15 @@ bool CTarnbridgeDoc::SaveContent() {
         return false;
     }
     toldNotSaved_ = false;
-    if (file_->CopiedAside() && !std::exchange(toldAside_, true)) {
-        const std::u16string copy = Utf8ToText(file_->CopiedAside()->string());
-        surroundings_.user.Tell(Words(Word::ProfileCopiedAside, {copy}));
-    }
+    TellAside();
     return true;
+}
+
+void CTarnbridgeDoc::TellAside() {
+    if (!file_->CopiedAside() || file_->CopiedAside() == toldAside_) return;
+    toldAside_ = file_->CopiedAside();
+    surroundings_.user.Tell(Words(file_->WasAltered() ? Word::ProfileAltered : Word::ProfileCopiedAside,
+                                  {Utf8ToText(toldAside_->string())}));
 }
 
 void CTarnbridgeDoc::NoteChange() {

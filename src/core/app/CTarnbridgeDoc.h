@@ -12,6 +12,7 @@
 #include "core/base/Settings.h"
 #include "core/base/UserInteraction.h"
 #include "link/HandsetLink.h"
+#include "messaging/MirrorState.h"
 #include "platform/Clock.h"
 #include "platform/PortMap.h"
 
@@ -70,6 +71,8 @@ public:
     BackgroundWorker& Worker() { return worker_; }
     HandsetLink& Link() { return link_; }
     Profile& Content() { return profile_; }
+    /// Of the handset's messages in the content.
+    MirrorState& Mirror() { return mirror_; }
     LinkWatch& Watch() { return watch_; }
     const PhoneModels& Models() const { return phoneModels_; }
     Settings& Preferences() { return surroundings_.settings; }
@@ -82,6 +85,7 @@ public:
 
 private:
     void OnCloseDocument();
+    void TellAside();
     LinkAddress Address() const;
 
     const Surroundings surroundings_;
@@ -91,10 +95,11 @@ private:
     HandsetLink link_;
     BackgroundWorker worker_;
     Profile profile_;
+    MirrorState mirror_;
     PhoneModels phoneModels_;
     std::unique_ptr<ProfileFile> file_;
     bool toldNotSaved_ = false;
-    bool toldAside_ = false;
+    std::optional<std::filesystem::path> toldAside_;
     LinkWatch watch_;
 };
 

@@ -69,7 +69,8 @@ Outcome WriteFileAtomically(const std::filesystem::path& path, std::string_view 
 }
 
 Outcome WriteFileAtomically(const std::filesystem::path& path,
-                            const std::function<void(const ByteSink&)>& produce) {
+                            const std::function<void(const ByteSink&)>& produce,
+                            const Replacement& replacement) {
     std::error_code error;
     std::filesystem::path target = path;
     if (std::filesystem::is_symlink(path, error)) {
@@ -81,7 +82,8 @@ Outcome WriteFileAtomically(const std::filesystem::path& path,
 
     static std::atomic<unsigned> counter{0};
     const std::string temporary = fmt::format("{}.{}-{}.tmp", target.string(), ::getpid(), counter++);
-    FileDescriptor descriptor(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    const mode_t mode = replacement.ownerOnly ? 0600 : 0666;
+    FileDescriptor descriptor(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode));
     if (!descriptor) return LastSystemFailure("write", target);
     const auto fail = [&] {
         const SystemFailure failure = LastSystemFailure("write", target);
@@ -90,7 +92,7 @@ Outcome WriteFileAtomically(const std::filesystem::path& path,
     };
 
     struct stat status {};
-    const bool replaces = ::stat(target.c_str(), &status) == 0;
+    const bool replaces = !replacement.ownerOnly && ::stat(target.c_str(), &status) == 0;
     if (replaces && ::fchmod(descriptor.Get(), status.st_mode & 07777) != 0) return fail();
     int writeError = 0;
     produce([&](std::string_view piece) {
@@ -101,10 +103,20 @@ Outcome WriteFileAtomically(const std::filesystem::path& path,
         errno = writeError;
         return fail();
     }
+    if (replacement.isWanted && !replacement.isWanted()) {
+        ::unlink(temporary.c_str());
+        return std::monostate{};
+    }
     if (::fsync(descriptor.Get()) != 0) return fail();
     if (::close(descriptor.Release()) != 0) return fail();
+    if (replacement.before) {
+        if (const Outcome outcome = replacement.before(); !outcome) {
+            ::unlink(temporary.c_str());
+            return outcome;
+        }
+    }
     if (::rename(temporary.c_str(), target.c_str()) != 0) return fail();
-    FlushFolder(folder);
+    if (!replacement.isFlushedByNext) FlushFolder(folder);
     return std::monostate{};
 }
 

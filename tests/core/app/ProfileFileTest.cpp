@@ -1,16 +1,19 @@
-#include <chrono>
+#include <atomic>
 #include <csignal>
-#include <random>
+#include <thread>
 
 #include <gtest/gtest.h>
+#include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "core/app/ProfileFile.h"
+#include "core/app/ProfileFormat.h"
 #include "core/app/SampleProfile.h"
 #include "core/app/StandardFolders.h"
 #include "platform/Files.h"
+#include "platform/Text.h"
 #include "support/ManualClock.h"
 #include "support/TemporaryFolder.h"
 
@@ -25,13 +28,19 @@ protected:
 
     std::string Content() { return *ReadFile(path); }
 
-    /// The names in the folder, without that of the lock.
+    /// The names in the folder, without those that always stand beside a profile.
     std::vector<std::string> Names() {
         std::vector<std::string> names;
         for (const fs::path& found : FindFiles(folder.Path(), "*")) {
-            if (found.extension() != ".lock") names.push_back(found.filename().string());
+            const fs::path end = found.extension();
+            if (end != ".lock" && end != ".sum" && end != ".day") names.push_back(found.filename().string());
         }
         return names;
+    }
+
+    ProfileState Read() {
+        Profile profile;
+        return ReadProfile(path, profile);
     }
 
     /// Runs a step in a process of its own and gives its exit code, or less than 0 if it was killed.
@@ -191,6 +200,7 @@ TEST_F(ProfileFileTest, AReadOnlyFolderIsReadAndNotWritten) {
     ASSERT_TRUE(Open()->Save(profile));
     for (const bool hasLockFile : {true, false}) {
         if (!hasLockFile) fs::remove(path.string() + ".lock");
+        fs::permissions(path, fs::perms(0644));
         fs::permissions(folder.Path(), fs::perms(0555));
         const int result = InChild([&] {
             // The superuser may write everywhere.
@@ -208,44 +218,177 @@ TEST_F(ProfileFileTest, AReadOnlyFolderIsReadAndNotWritten) {
     }
 }
 
-TEST_F(ProfileFileTest, AKilledSaveLeavesTheOldOrTheNewFile) {
+TEST_F(ProfileFileTest, WhatOthersHavePutThereIsKeptAside) {
+    Profile sample;
+    test::FillSample(sample);
+    const std::string saved = test::Saved(sample);
+    sample.lotusNotesPath = u"yesterday's";
+    const std::string older = test::Saved(sample);
+    std::string flipped = saved;
+    flipped[saved.find("TARNBRIDGE PROFILE") + 60] ^= 1;
+    const struct Row {
+        const char* fault;
+        std::string content;
+        ProfileState state;
+    } rows[] = {
+        {"a byte flipped", flipped, ProfileState::Altered},
+        {"cut", saved.substr(0, saved.size() - 1), ProfileState::Damaged},
+        {"out of a backup", older, ProfileState::Altered},
+        {"as it was saved", saved, ProfileState::Whole},
+    };
+    for (const bool isOpen : {false, true}) {
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.fault);
+            Profile profile;
+            ASSERT_EQ(LoadProfile(saved, profile), ProfileLoad::Whole);
+            for (const char* const end : {"", ".sum"})
+                fs::remove(path.string() + end);
+            auto file = Open();
+            ASSERT_TRUE(file->Save(profile));
+            if (!isOpen) file.reset();
+            ASSERT_TRUE(WriteFileAtomically(path, row.content));
+            if (!isOpen) file = Open();
+            EXPECT_EQ(Read(), row.state);
+            Profile found;
+            if (!isOpen) {
+                EXPECT_EQ(file->Load(found), row.state);
+            }
+            ASSERT_TRUE(file->Save(isOpen ? profile : found));
+            EXPECT_EQ(file->CopiedAside().has_value(), row.state != ProfileState::Whole);
+            EXPECT_EQ(file->WasAltered(),
+                      isOpen ? row.state != ProfileState::Whole : row.state == ProfileState::Altered);
+            if (file->CopiedAside()) {
+                EXPECT_EQ(*ReadFile(*file->CopiedAside()), row.content);
+                fs::remove(*file->CopiedAside());
+            }
+            EXPECT_EQ(Read(), ProfileState::Whole) << "told once";
+        }
+    }
+    // One of a version that kept no checksums, and checksums that are none.
+    for (const bool hasFile : {false, true}) {
+        ASSERT_TRUE(WriteFileAtomically(path, older));
+        fs::remove(path.string() + ".sum");
+        if (hasFile) {
+            ASSERT_TRUE(WriteFileAtomically(path.string() + ".sum", "old 1\nnew"));
+        }
+        EXPECT_EQ(Read(), ProfileState::Whole);
+    }
+}
+
+TEST_F(ProfileFileTest, TheLastSevenDaysAreKeptForTheOwnerAlone) {
+    ASSERT_TRUE(WriteFileAtomically(path, test::Saved(*std::make_unique<Profile>())));
+    fs::permissions(path, fs::perms(0644));
+    const auto file = Open();
+    Profile profile;
+    ASSERT_EQ(file->Load(profile), ProfileState::Whole);
+    const auto save = [&](char16_t mark) {
+        profile.lotusNotesPath.assign(1, mark);
+        return static_cast<bool>(file->Save(profile));
+    };
+    for (int day = 1; day <= 9; ++day) {
+        clock.local = {.year = 2007, .month = 3, .day = day};
+        ASSERT_TRUE(save(static_cast<char16_t>(u'a' + day)));
+        ASSERT_TRUE(save(static_cast<char16_t>(u'A' + day)));
+    }
+    std::vector<std::string> kept;
+    for (const fs::path& found : FindFiles(folder.Path(), "*")) {
+        EXPECT_EQ(fs::status(found).permissions(), fs::perms(0600)) << found;
+        if (found.extension() != ".day") continue;
+        Profile old;
+        EXPECT_EQ(LoadProfile(*ReadFile(found), old), ProfileLoad::Whole);
+        kept.push_back(found.filename().string().substr(15) + " " + TextToUtf8(old.lotusNotesPath));
+    }
+    EXPECT_EQ(kept, (std::vector<std::string>{"2007-03-03.day C", "2007-03-04.day D", "2007-03-05.day E",
+                                              "2007-03-06.day F", "2007-03-07.day G", "2007-03-08.day H",
+                                              "2007-03-09.day I"}))
+        << "each with what the first save of its day replaced";
+}
+
+TEST_F(ProfileFileTest, WhatIsThereAlreadyIsntWrittenAgain) {
+    const auto file = Open();
+    Profile profile;
+    test::FillSample(profile);
+    ASSERT_TRUE(file->Save(profile));
+    const fs::path other = folder / "other name";
+    fs::create_hard_link(path, other);
+    ASSERT_TRUE(file->Save(profile));
+    EXPECT_TRUE(fs::equivalent(path, other));
+    profile.outlookOn = !profile.outlookOn;
+    ASSERT_TRUE(file->Save(profile));
+    EXPECT_FALSE(fs::equivalent(path, other));
+    fs::remove(path);
+    ASSERT_TRUE(file->Save(profile));
+    EXPECT_EQ(Read(), ProfileState::Whole) << "back where it was removed";
+}
+
+/// Kills a save at each of its system calls in turn.
+TEST_F(ProfileFileTest, AKilledSaveLeavesTheOldOrTheNewFileAndNoAlarm) {
     Profile first;
     Profile second;
     FillLarge(first, u'1');
     FillLarge(second, u'2');
     const std::string contents[] = {test::Saved(first), test::Saved(second)};
-    const auto start = std::chrono::steady_clock::now();
-    ASSERT_TRUE(Open()->Save(first));
-    const std::chrono::microseconds time =
-        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
-    std::uniform_int_distribution<useconds_t> moment(0, static_cast<useconds_t>(3 * time.count()));
-    std::mt19937 random(20070314);
     int seen[2] = {};
     size_t leftovers = 0;
-    for (int round = 0; round < 100; ++round) {
+    for (int calls = 1, status = 0; !WIFEXITED(status) || calls == 1; ++calls) {
+        for (const fs::path& found : FindFiles(folder.Path(), "*"))
+            fs::remove(found);
+        ASSERT_TRUE(Open()->Save(first));
         const pid_t child = ::fork();
         if (child == 0) {
             const auto file = Open();
-            for (bool even = round % 2 == 0; file; even = !even)
-                file->Save(even ? first : second);
-            ::_exit(1);
+            if (!file || ::ptrace(PTRACE_TRACEME) != 0) ::_exit(2);
+            ::raise(SIGSTOP);
+            ::_exit(file->Save(second) ? 0 : 1);
         }
-        ::usleep(moment(random));
-        ::kill(child, SIGKILL);
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status));
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSTOPPED(status)) << "the system lets nobody be traced";
+        // Each call stops twice, before and after it.
+        for (int stop = 0; stop < calls && WIFSTOPPED(status); ++stop) {
+            ASSERT_EQ(::ptrace(PTRACE_SYSCALL, child, nullptr, 0), 0);
+            ::waitpid(child, &status, 0);
+        }
+        if (WIFSTOPPED(status)) {
+            ::kill(child, SIGKILL);
+            ::waitpid(child, &status, 0);
+        } else {
+            ASSERT_EQ(WEXITSTATUS(status), 0);
+        }
         const std::string content = Content();
         const auto* const which = std::find(std::begin(contents), std::end(contents), content);
-        ASSERT_NE(which, std::end(contents)) << "neither file, in round " << round;
+        ASSERT_NE(which, std::end(contents)) << "neither file, after " << calls;
         ++seen[which - std::begin(contents)];
         leftovers += Names().size() - 1;
+        ASSERT_EQ(Read(), ProfileState::Whole) << "a false alarm after " << calls;
+        const auto file = Open();
+        ASSERT_TRUE(file);
+        EXPECT_EQ(Names().size(), 1u);
+        ASSERT_TRUE(file->Save(second));
+        EXPECT_FALSE(file->CopiedAside());
+        ASSERT_EQ(Read(), ProfileState::Whole);
     }
-    EXPECT_GT(seen[0], 0);
-    EXPECT_GT(seen[1], 0);
-    EXPECT_GT(leftovers, 0u) << "no save was hit on its way";
-    EXPECT_TRUE(Open());
-    EXPECT_EQ(Names().size(), 1u);
+    EXPECT_GT(seen[0], 20);
+    EXPECT_GT(seen[1], 5);
+    EXPECT_GT(leftovers, 0u);
+}
+
+TEST_F(ProfileFileTest, IsReadBesideAnOwnerThatSaves) {
+    Profile profiles[2];
+    FillLarge(profiles[0], u'1');
+    FillLarge(profiles[1], u'2');
+    const auto file = Open();
+    ASSERT_TRUE(file->Save(profiles[0]));
+    std::atomic<bool> ended{false};
+    std::thread owner([&] {
+        for (int i = 1; i < 200; ++i)
+            EXPECT_TRUE(file->Save(profiles[i % 2]));
+        ended = true;
+    });
+    int readings = 0;
+    for (; !ended; ++readings)
+        EXPECT_EQ(Read(), ProfileState::Whole) << readings;
+    owner.join();
+    EXPECT_GT(readings, 10);
 }
 
 }  // namespace
