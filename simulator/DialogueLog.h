@@ -14,8 +14,8 @@ namespace tarnbridge::simulator {
 std::string MakeVisible(std::string_view bytes);
 
 /// The dialogue as a file that grows: one line for each thing said, with the time and who said it: `>` the
-/// PC,
-/// `<` the handset, `!` what happened to the plug. One thread at a time.
+/// PC, `<` the handset, `~` the handset with what comes later by a fault, `!` what happened to the plug. One
+/// thread at a time.
 class DialogueLog {
 public:
     /// Without a file everything is ignored.

@@ -79,7 +79,7 @@ void HandsetLine::Speak(std::vector<Piece> pieces, Time when, bool ends) {
     if (ends && note) note('>', heard_);
     if (ends) heard_.clear();
     for (Faults::Sound& sound : faults_.Apply(std::move(pieces))) {
-        if (note) note('<', sound.bytes);
+        if (note) note(sound.delay == Milliseconds::zero() ? '<' : '~', sound.bytes);
         if (sound.aside) {
             aside_.emplace(when + sound.delay, std::move(sound.bytes));
         } else {

@@ -93,7 +93,7 @@ public:
     /// plug, but not this function.
     std::function<void(const std::string& line)> onCommand;
 
-    /// Gets everything that is said: `>` by the PC, `<` by the handset.
+    /// Gets everything that is said: `>` by the PC, `<` by the handset, `~` by the handset but not yet.
     std::function<void(char who, std::string_view bytes)> note;
 
 private:

@@ -17,7 +17,9 @@ namespace tarnbridge::test {
 ///
 /// Nobody has anything to do when every thread of the process sleeps and none has run between two looks at
 /// all of them; the system tells that. A thread that computes, or that waits for the processor or the disk,
-/// holds the time, known to the clock or not. A sleep in real time holds nothing.
+/// holds the time, known to the clock or not. A sleep in real time holds nothing, and neither do bytes on
+/// their way through a pipe or a terminal: what a test talks to must be in this process, as SimulatedPhone
+/// is.
 ///
 /// One at a time in a process. The clock must outlive every wait and all that takes part.
 class VirtualTime : public Clock {
