@@ -92,8 +92,9 @@ void HandsetLine::Speak(std::vector<Piece> pieces, Time when, bool ends) {
 
 /// A prompt's patience begins when it has been said, and anew with each byte.
 HandsetLine::Time HandsetLine::PromptEnd() const {
+    if (!handset_.Prompts()) return Time::max();
     const auto patience = faults_.Patience();
-    if (!patience || !handset_.Prompts()) return Time::max();
+    if (!patience) return Time::max();
     return std::max(lastHeard_, busyUntil_) + patience->time;
 }
 

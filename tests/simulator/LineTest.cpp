@@ -47,20 +47,21 @@ using Heard = std::vector<std::pair<std::string, int>>;
 TEST(HandsetLine, AnswersOneCommandAfterTheOther) {
     const std::string signal = Line("+CSQ: 18,99");
     struct Row {
-        const char* fault;
+        std::vector<std::string> faults;
         Heard heard;  // after AT+CSQ and AT at once
     };
     const Row rows[] = {
-        {"delay=30", {{signal, 30}, {ok, 30}, {ok, 60}}},
-        {"late=+CSQ:200", {{signal, 200}, {ok, 200}, {ok, 200}}},
-        {"overtaken=+CSQ:200", {{ok, 0}, {signal, 200}, {ok, 200}}},
-        {"late=200,after=2,times=1", {{signal, 0}, {ok, 0}, {ok, 200}}},
+        {{"delay=30"}, {{signal, 30}, {ok, 30}, {ok, 60}}},
+        {{"late=+CSQ:200", "error=+CSQ:14"}, {{Line("+CME ERROR: 14"), 200}, {ok, 200}}},
+        {{"late=+CSQ:200"}, {{signal, 200}, {ok, 200}, {ok, 200}}},
+        {{"overtaken=+CSQ:200"}, {{ok, 0}, {signal, 200}, {ok, 200}}},
+        {{"late=200,after=2,times=1"}, {{signal, 0}, {ok, 0}, {ok, 200}}},
     };
     for (const Row& row : rows) {
-        Watched watched({row.fault});
+        Watched watched(row.faults);
         watched.For(100ms);
         watched.line.Arrive("AT+CSQ\rAT\r", watched.now);
-        EXPECT_EQ(watched.For(300ms), row.heard) << row.fault;
+        EXPECT_EQ(watched.For(300ms), row.heard) << row.faults.front();
     }
 }
 
