@@ -119,6 +119,7 @@ ExitCode Delete(const GlobalOptions& options, const Selection& selection, bool s
             records.push_back(message.second);
         if (!folders.ConfirmDelete(*folder, records)) return OperationFailed;
     } else {
+        if (!desk.OpenHandset()) return NoLink;
         folder = &desk.Tree().OnHandset(draftPlace);
         const std::set<int> locations(selection.numbers.begin(), selection.numbers.end());
         for (const int location : locations) {
@@ -132,8 +133,7 @@ ExitCode Delete(const GlobalOptions& options, const Selection& selection, bool s
                                    WordsOfReading(record->reading, error)));
             code = OperationFailed;
         }
-        if (!folders.ConfirmDelete(*folder, records)) return OperationFailed;
-        if (!desk.OpenHandset()) return NoLink;
+        if (records.empty() || !folders.ConfirmDelete(*folder, records)) return OperationFailed;
     }
     MessageRemoval removal(desk.Worker(), desk.Tree(), desk, *folder, records);
     desk.Run(removal);

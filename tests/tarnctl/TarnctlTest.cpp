@@ -191,7 +191,7 @@ TEST_F(Tarnctl, APortHasOneUser) {
     handset.ForgetCommands();
     first->Terminate();
     EXPECT_EQ(first->Wait(20s), 1);
-    EXPECT_EQ(handset.Commands(), (std::vector<std::string>{"ATE1", "AT+ESLP=1"}));
+    EXPECT_EQ(handset.Commands(), (std::vector<std::string>{"AT+CMEE?", "ATE1", "AT+ESLP=1"}));
     EXPECT_EQ(RunOnHandset({"ping"}).exitCode, 0) << "the lock is free";
 }
 
