@@ -148,7 +148,10 @@ void SerialPort::Run() {
             arrived_.Set();
             reader_.Feed({readBuffer.data(), static_cast<size_t>(readCount)});
         } else {
-            if (device_->HungUp()) HandOverNothing();
+            if (device_->HungUp()) {
+                HandOverNothing();
+                commandActive_.Reset();  // a caller that has given up may have left it on
+            }
             device_->WaitReadable(roundTime);
         }
     }
@@ -189,7 +192,8 @@ void SerialPort::OnCommandEnd() {
 /// The caller copies the result while this thread stands here.
 void SerialPort::HandOver() {
     resultReady_.Set();
-    resultTaken_.Wait(forever);
+    Event* const ends[] = {&resultTaken_, &stop_};
+    Event::WaitAny(ends, forever);
     resultTaken_.Reset();
 }
 

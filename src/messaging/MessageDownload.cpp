@@ -25,7 +25,8 @@ void MessageDownload::AskMemories() {
         [memories = memories_, only = only_, lost = GetLostFlag()](HandsetLink& link, int&) {
             const unsigned session = link.SessionNumber();
             Ask(link, only, *memories);
-            *lost = !link.IsSessionReady() || link.SessionNumber() != session;
+            // Where the phone's own memory begins depends on the SIM's: no answer is no reading.
+            *lost = memories->unanswered || !link.IsSessionReady() || link.SessionNumber() != session;
             return 1;
         },
         [this](int, int) {
@@ -35,9 +36,7 @@ void MessageDownload::AskMemories() {
                 Leave();
                 return;
             }
-            NoteUnread();
-            for (const MessagePlace place : handsetPlaces)
-                tree_.OnHandset(place).RemoveRecords();
+            EmptyMirror();
             ReadNext();
         });
 }
@@ -45,17 +44,25 @@ void MessageDownload::AskMemories() {
 void MessageDownload::Ask(HandsetLink& link, const std::u16string& only, Memories& memories) {
     const auto ask = [&](const char16_t* name) {
         MemoryUsage usage;
-        const bool known = QueryMessageMemory(link, name, usage);
+        Refusal refusal;
+        bool known = QueryMessageMemory(link, name, usage, &refusal);
+        if (!known && !refusal.answered) known = QueryMessageMemory(link, name, usage, &refusal);
+        memories.unanswered = memories.unanswered || (!known && !refusal.answered);
         const bool wanted = only.empty() || only == name;
         if (wanted && known) memories.listed.push_back({name, usage});
         if (wanted && !known) memories.refused.emplace_back(name);
-        return usage.total;
+        return known ? usage.total : -1;
     };
     const HandsetFeatures features = link.Features();
     // One that tells of no memories may have them all the same.
     const bool toldNone = !features.hasSimMemory && !features.hasMeStore;
-    if (features.hasSimMemory || toldNone) memories.simOffset = ask(u"SM");
-    if ((features.hasMeStore || toldNone) && (only.empty() || only == u"ME")) ask(u"ME");
+    int sim = features.hasSimMemory || toldNone ? ask(u"SM") : 0;
+    const bool wantsOwn = (features.hasMeStore || toldNone) && (only.empty() || only == u"ME");
+    const int own = wantsOwn ? ask(u"ME") : -1;
+    MemoryUsage both;
+    // What the SIM doesn't tell is what the union of both has more than the phone alone.
+    if (sim < 0 && own >= 0 && QueryMessageMemory(link, u"MT", both)) sim = both.total - own;
+    memories.simOffset = std::max(0, sim);
     if (toldNone) memories.refused.clear();
 }
 
@@ -94,25 +101,43 @@ void MessageDownload::ReadLocation(bool again) {
                 ReadLocation(true);
                 return;
             }
+            const bool empty = record->reading == SmsRecord::Reading::Empty;
+            if (read || empty) answered_.insert(index);
             if (read)
                 Store(*record);
-            else if (record->reading != SmsRecord::Reading::Empty)
+            else if (!empty)
                 report_.unread.push_back({name, index, error, !unanswered});
             ReadNext();
         },
         BackgroundWorker::ReadMessage, index);
 }
 
-/// What the mirror holds unread, which a second reading finds as read.
-void MessageDownload::NoteUnread() {
+/// Takes the old picture out, and notes what of it is unread, since the reading finds that as read.
+void MessageDownload::EmptyMirror() {
     for (const MessagePlace place : handsetPlaces) {
         MessageFolder& folder = tree_.OnHandset(place);
         const std::lock_guard guard(folder.lock);
-        for (const auto& record : folder.records) {
+        for (auto& record : folder.records) {
             if (record->status == smsUnread)
                 unreadPdus_.insert(record->handsetPdus.begin(), record->handsetPdus.end());
+            old_.emplace_back(place, std::move(record));
         }
+        folder.records.clear();
     }
+}
+
+/// Of the old picture stays what nobody has looked at.
+void MessageDownload::PutBack() {
+    for (auto& [place, record] : old_) {
+        const std::vector<int>& locations = record->handsetIndices;
+        const std::vector<Memory>& listed = memories_->listed;
+        const bool isRead = std::any_of(listed.begin(), listed.end(),
+                                        [&](const Memory& memory) { return memory.name == record->storage; });
+        const bool seen = isRead && std::any_of(locations.begin(), locations.end(),
+                                                [&](int location) { return answered_.contains(location); });
+        if (!seen) tree_.OnHandset(place).Append(std::move(record));
+    }
+    old_.clear();
 }
 
 void MessageDownload::Store(SmsRecord& record) {
@@ -137,6 +162,7 @@ void MessageDownload::Finish() {
             record->mayHaveMoreParts = !whole && record->LacksParts();
         report_.messages += static_cast<int>(folder.records.size());
     }
+    PutBack();
     Leave();
 }
 

@@ -11,9 +11,10 @@ namespace tarnbridge {
 
 /// Reads every location of the handset's message memories into the mirror, one job and one exchange each, and
 /// joins the parts of long messages. A location that can't be read doesn't stop it, and one that wasn't
-/// answered is asked once more. What the mirror held goes when the handset has told its memories; a message
-/// that was unread there, and still stands where it stood, stays unread although reading it has made it a
-/// read one for the handset. A cancel, or a handset that is lost on the way, leaves what was read, joined.
+/// answered is asked once more. What the mirror held goes when the handset has told its memories, but for
+/// what the reading doesn't get to: that stays as it was. A message that was unread, and still stands where
+/// it stood, stays unread although reading it has made it a read one for the handset. A cancel, or a handset
+/// that is lost on the way, leaves what was read, joined.
 class MessageDownload : public MemoryTask {
 public:
     /// A location that couldn't be read although the handset has it.
@@ -48,6 +49,7 @@ private:
         std::vector<Memory> listed;
         std::vector<std::u16string> refused{};
         int simOffset = 0;
+        bool unanswered = false;
     };
 
     void Begin() override;
@@ -55,7 +57,8 @@ private:
     static void Ask(HandsetLink& link, const std::u16string& only, Memories& memories);
     void ReadNext();
     void ReadLocation(bool again);
-    void NoteUnread();
+    void EmptyMirror();
+    void PutBack();
     void Store(SmsRecord& record);
     void Finish();
 
@@ -65,7 +68,9 @@ private:
     size_t memory_ = 0;
     int location_ = 0;  // in the memory, from 1
     int done_ = 0;
-    int found_ = 0;                               // locations that hold something
+    int found_ = 0;                                                         // locations that hold something
+    std::vector<std::pair<MessagePlace, std::unique_ptr<SmsRecord>>> old_;  // the mirror as it was
+    std::unordered_set<int> answered_;            // locations that were read, or found empty
     std::unordered_set<std::string> unreadPdus_;  // of the mirror as it was
     Report report_;
 };

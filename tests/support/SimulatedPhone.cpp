@@ -211,6 +211,10 @@ void SimulatedPhone::Pump() {
     if (plugged_) line_.Advance(now);
     while (open_ == nullptr && !line_.Due(now).empty())
         line_.Deliver(line_.Due(now).size());  // bytes that nobody listens to are lost
+    if (killUser_.exchange(false) && open_ != nullptr) {
+        line_.Desert(now);
+        open_->Lose();
+    }
     const bool wanted = line_.WantsPlug(now);
     if (wanted != std::exchange(plugged_, wanted)) {
         line_.Replug();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <map>
@@ -34,6 +35,13 @@ public:
         return use(line_.Phone().Content());
     }
 
+    /// The same with the whole of the phone and its line.
+    template <typename Use>
+    auto Look(Use use) {
+        const std::lock_guard guard(mutex_);
+        return use(line_);
+    }
+
     /// Called with each command line before anything is done about it, on the thread that wrote it or one of
     /// the clock's. It must not wait, and reaches the phone through the line that it is given alone, to
     /// change its content or faults or to pull the plug.
@@ -66,6 +74,10 @@ public:
         });
     }
 
+    /// The program behind the open device is killed, as far as the phone can see: the device is dead, and the
+    /// phone keeps its session and its prompt. In a hook it takes effect after the command.
+    void KillUser() { killUser_ = true; }
+
     /// A pulled plug is a hang-up for the device that is open; after Plug another one can be opened.
     void Unplug();
     void Plug();
@@ -86,6 +98,7 @@ private:
     simulator::HandsetLine line_;
     std::function<void(simulator::HandsetLine&, const std::string&)> hook_;
     Device* open_ = nullptr;
+    std::atomic<bool> killUser_{false};
     bool plugged_ = true;
 };
 
