@@ -6,7 +6,7 @@
 
 #include "core/app/StandardFolders.h"
 #include "core/base/StringTable.h"
-#include "messaging/MessageDownload.h"
+#include "messaging/DownloadWords.h"
 #include "messaging/ems/Ems.h"
 #include "platform/Text.h"
 #include "tarnctl/Output.h"
@@ -132,17 +132,12 @@ ExitCode MessageDesk::Download(const std::u16string& memory) {
             WordsOfReading(unread.answered ? SmsRecord::Reading::Refused : SmsRecord::Reading::NoAnswer,
                            unread.error)));
     }
-    for (const std::u16string& refused : report.refused)
-        PrintWords(fmt::format("{}: the handset did not open this memory", TextToUtf8(refused)));
-    if (report.missing > 0)
-        PrintWords(
-            fmt::format("the handset counts more messages than it gave: {} are missing", report.missing));
-    if (report.noMemory) PrintWords(TextToUtf8(Words(Word::NoMessageInHandset)));
-    if (download.LostHandset()) PrintWords(TextToUtf8(Words(Word::HandsetLost)));
-    if (download.WasCancelled()) PrintWords("cancelled");
-    const bool whole = report.unread.empty() && report.refused.empty() && report.missing == 0 &&
-                       !report.noMemory && !download.LostHandset() && !download.WasCancelled();
-    return whole ? Done : OperationFailed;
+    const bool lost = download.LostHandset();
+    const bool cancelled = download.WasCancelled();
+    if (cancelled) PrintWords("cancelled");
+    const std::u16string words = DownloadWords(report, lost, cancelled);
+    if (!words.empty()) PrintWords(TextToUtf8(words));
+    return IsWhole(report, lost, cancelled) ? Done : OperationFailed;
 }
 
 bool MessageDesk::Report(const HandsetTask& task, const std::vector<MessageOutcome>& outcomes) {

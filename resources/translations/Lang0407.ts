@@ -1567,6 +1567,26 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>%d Nachrichten konnten nicht gelesen werden.</translation>
     </message>
     <message>
+        <source>Messages that the phone counts but didn't show: %d</source>
+        <comment>MessagesMissing</comment>
+        <translation>Nachrichten, die das Telefon zählt, aber nicht gezeigt hat: %d</translation>
+    </message>
+    <message>
+        <source>Memories of the phone that it didn't open: %s</source>
+        <comment>MemoriesRefused</comment>
+        <translation>Speicher, die das Telefon nicht geöffnet hat: %s</translation>
+    </message>
+    <message>
+        <source>Read at %s. The phone has been connected anew since then: read again before you delete or move.</source>
+        <comment>MirrorOld</comment>
+        <translation>Gelesen um %s. Das Telefon wurde seitdem neu verbunden: Lesen Sie noch einmal, bevor Sie löschen oder verschieben.</translation>
+    </message>
+    <message>
+        <source>Read at %s. Something is missing here: not all of the phone could be read.</source>
+        <comment>MirrorPartly</comment>
+        <translation>Gelesen um %s. Hier fehlt etwas: Nicht alles auf dem Telefon ließ sich lesen.</translation>
+    </message>
+    <message>
         <source>The phone is busy with something else. Please try again in a moment.</source>
         <comment>HandsetBusy</comment>
         <translation>Das Telefon ist gerade beschäftigt. Bitte versuchen Sie es gleich noch einmal.</translation>

@@ -1,7 +1,6 @@
 #include "ui/messages/CSmsReadDialog.h"
 
-#include <QStringList>
-
+#include "messaging/DownloadWords.h"
 #include "ui/QtText.h"
 
 namespace tarnbridge {
@@ -15,14 +14,10 @@ CSmsReadDialog::CSmsReadDialog(std::unique_ptr<MessageDownload> download, QWidge
 CSmsReadDialog::~CSmsReadDialog() = default;
 
 bool CSmsReadDialog::ShowEnd() {
-    const MessageDownload::Report& report = download_->GetReport();
-    QStringList lines;
-    if (download_->LostHandset()) lines << QWords(Word::HandsetLost);
-    if (report.noMemory) lines << QWords(Word::NoMessageInHandset);
-    if (!report.unread.empty())
-        lines << QWords(Word::MessagesUnread, {static_cast<int64_t>(report.unread.size())});
-    ShowWords(lines.join(u'\n'));
-    return !lines.isEmpty();
+    const QString words =
+        ToQString(DownloadWords(download_->GetReport(), download_->LostHandset(), download_->WasCancelled()));
+    ShowWords(words);
+    return !words.isEmpty();
 }
 
 }  // namespace tarnbridge
