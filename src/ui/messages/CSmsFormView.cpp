@@ -23,46 +23,14 @@
 #include "ui/messages/MessagePrinting.h"
 #include "ui/messages/MessageReader.h"
 #include "ui/messages/MessageTreeModel.h"
+#include "ui/messages/NoteLine.h"
+#include "ui/messages/StoredLayout.h"
 
 namespace tarnbridge {
 namespace {
 
 constexpr int defaultSplitter[] = {190, 600, 280, 220};
 constexpr int defaultColumns[] = {10, 24, 26, 40};  // in characters
-constexpr int narrowest = 20;
-constexpr int widest = 10'000;
-
-/// Stored lists come from a file that anybody can change.
-bool IsUsable(const std::vector<int32_t>& sizes, size_t count) {
-    return sizes.size() == count && std::all_of(sizes.begin(), sizes.end(), [](int32_t size) {
-               return size >= narrowest && size <= widest;
-           });
-}
-
-template <size_t count>
-std::vector<int32_t> SizesOr(const std::vector<int32_t>& stored, const int (&otherwise)[count]) {
-    if (IsUsable(stored, count)) return stored;
-    return std::vector<int32_t>(std::begin(otherwise), std::end(otherwise));
-}
-
-/// The places from the root down to an index, and back.
-std::vector<int32_t> PathOf(QModelIndex index) {
-    std::vector<int32_t> path;
-    for (; index.isValid(); index = index.parent())
-        path.push_back(index.row());
-    std::reverse(path.begin(), path.end());
-    return path;
-}
-
-QModelIndex IndexAt(const QAbstractItemModel& model, const std::vector<int32_t>& path) {
-    QModelIndex index;
-    for (const int32_t row : path) {
-        const QModelIndex next = model.index(row, 0, index);
-        if (!next.isValid()) break;
-        index = next;
-    }
-    return index;
-}
 
 }  // namespace
 
@@ -76,6 +44,7 @@ CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent)
       messageSplitter_(new QSplitter(Qt::Vertical)),
       tree_(new QTreeView),
       find_(new QLineEdit),
+      age_(new NoteLine),
       stack_(new QStackedWidget),
       list_(new MessageListView),
       reader_(new MessageReader),
@@ -96,6 +65,7 @@ CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent)
     auto* const column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(find_);
+    column->addWidget(age_);
     column->addWidget(stack_, 1);
     splitter_->setObjectName(QStringLiteral("splitter"));
     splitter_->addWidget(tree_);
@@ -109,6 +79,8 @@ CSmsFormView::CSmsFormView(CTarnbridgeDoc& document, QWidget* parent)
     setFocusProxy(tree_);
 
     MakeMenus();
+    age_->setObjectName(QStringLiteral("mirrorNote"));
+    age_->Offer(commands_->Get(MessageCommands::ReadMessages));
     RestoreState();
     Connect();
     OpenFolder();
@@ -285,6 +257,7 @@ void CSmsFormView::Receive(Message& message) {
     if (message.id == HandsetConnected || message.id == HandsetDisconnected) {
         UpdateCommands();
         ShowHint();
+        ShowAge();
     }
 }
 
@@ -388,7 +361,22 @@ void CSmsFormView::Find(const QString& text) {
 
 void CSmsFormView::ShowMessages() {
     ShowHint();
+    ShowAge();
     ShowSelected();
+}
+
+/// What stands in the folders of the handset is a picture, which may be of another time or another handset.
+void CSmsFormView::ShowAge() {
+    const MessageFolder* const folder = CurrentFolder();
+    const MirrorState& mirror = Document().Mirror();
+    const unsigned session = Document().Link().SessionNumber();
+    const bool shown = folder && operations_->Tree().IsOnHandset(*folder);
+    listModel_->SetOld(shown && mirror.IsOld(session));
+    const std::u16string words = shown ? mirror.Words(session, Document().Time().Local()) : std::u16string();
+    if (words.empty())
+        age_->Clear();
+    else
+        age_->Show(ToQString(words));
 }
 
 void CSmsFormView::ShowHint() {

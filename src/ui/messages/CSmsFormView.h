@@ -20,6 +20,7 @@ class MessageListModel;
 class MessageOperations;
 class MessageReader;
 class MessageTreeModel;
+class NoteLine;
 
 /// The messages: the folders of the handset and of the PC, the messages of the folder that is chosen, and
 /// the one that is selected.
@@ -52,6 +53,7 @@ private:
     void Refresh();
     void ShowMessages();
     void ShowHint();
+    void ShowAge();
     void ShowSelected();
     void UpdateCommands();
     void Find(const QString& text);
@@ -76,6 +78,7 @@ private:
     QSplitter* const messageSplitter_;
     QTreeView* const tree_;
     QLineEdit* const find_;
+    NoteLine* const age_;
     QStackedWidget* const stack_;
     QTreeView* const list_;
     MessageReader* const reader_;

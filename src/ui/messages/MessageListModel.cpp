@@ -1,8 +1,11 @@
 #include "ui/messages/MessageListModel.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "ui/Icons.h"
 #include "ui/QtText.h"
@@ -52,6 +55,11 @@ void MessageListModel::SetFilter(const QString& text) {
     filtered_ = !text.isEmpty();
     list_.Filter(ToText(text));
     endResetModel();
+}
+
+void MessageListModel::SetOld(bool old) {
+    if (std::exchange(old_, old) == old || rowCount() == 0) return;
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1), {Qt::ForegroundRole});
 }
 
 std::vector<int> MessageListModel::RowsOf(const std::vector<SmsRecord*>& records) const {
@@ -106,6 +114,9 @@ QVariant MessageListModel::data(const QModelIndex& index, int role) const {
             font.setBold(true);
             return font;
         }
+        case Qt::ForegroundRole:
+            if (!old_) return {};
+            return QGuiApplication::palette().color(QPalette::PlaceholderText);
         case Qt::AccessibleTextRole: {
             const QString cell = CellOf(row, index.column()).toString();
             if (index.column() != AddressColumn || !row.unread) return {};

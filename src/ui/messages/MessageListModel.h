@@ -33,6 +33,9 @@ public:
 
     const MessageFolder* Folder() const { return folder_; }
 
+    /// Shows the rows dimmed: they are of an old reading.
+    void SetOld(bool old);
+
     /// All that the folder has, shown or not.
     size_t CountInFolder() const { return list_.CountOfAll(); }
 
@@ -65,6 +68,7 @@ private:
     const MessageFolder* folder_ = nullptr;
     bool received_ = false;
     bool filtered_ = false;
+    bool old_ = false;
     const QIcon readIcon_;
     const QIcon unreadIcon_;
 };

@@ -5,8 +5,8 @@
 
 #include "core/app/CTarnbridgeDoc.h"
 #include "core/base/StringTable.h"
+#include "messaging/DownloadWords.h"
 #include "messaging/HandsetMemories.h"
-#include "messaging/MessageDownload.h"
 #include "messaging/MessageQuestions.h"
 #include "messaging/MessageRemoval.h"
 #include "messaging/MessageTextFile.h"
@@ -73,9 +73,25 @@ void MessageOperations::Read() {
     if (runner_.IsBusy() || document_.User().Ask(ReadQuestion()) != Answer::Yes) return;
     for (const KeptSelections::Kept& kept : kept_.AllIn(tree_.HandsetRoot()))
         kept->records.clear();
-    runner_.Run(std::make_unique<CSmsReadDialog>(std::make_unique<MessageDownload>(document_.Worker(), tree_),
-                                                 owner_->window()),
-                [this] { Q_EMIT changed(); });
+    auto dialog = std::make_unique<CSmsReadDialog>(
+        std::make_unique<MessageDownload>(document_.Worker(), tree_), owner_->window());
+    const MessageDownload& download = dialog->Download();
+    runner_.Run(std::move(dialog), [this, &download] {
+        NoteRead(download);
+        Q_EMIT changed();
+    });
+}
+
+void MessageOperations::NoteRead(const MessageDownload& download) {
+    // The mirror stays as it was unless the handset has told its memories.
+    const MessageDownload::Report& report = download.GetReport();
+    const bool lost = download.LostHandset();
+    const bool hasBegun = report.messages > 0 || (!report.noMemory && !lost);
+    if (!hasBegun) return;
+    document_.Mirror() = {.read = true,
+                          .readAt = document_.Time().Local(),
+                          .session = document_.Link().SessionNumber(),
+                          .whole = IsWhole(report, lost, download.WasCancelled())};
 }
 
 /// Asks the handset, then goes on. Without a handset there are none. False, and the user has been told, when

@@ -14,6 +14,7 @@
 namespace tarnbridge {
 
 class CTarnbridgeDoc;
+class MessageDownload;
 class MessageTransfer;
 
 /// What the commands of the messages do, apart from what is seen of it: it asks the user, has one task after
@@ -89,6 +90,7 @@ private:
     void PcFoldersChanged() override;
     bool SaveNow() override;
 
+    void NoteRead(const MessageDownload& download);
     bool WithMemories(std::function<void(const std::vector<std::u16string>&)> use);
     void TransferTo(const MessageSelection& selection, const SaveTarget& target, bool move,
                     const std::function<void(const MessageTransfer&)>& ended = {});

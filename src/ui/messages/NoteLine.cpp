@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QToolButton>
 
 #include "ui/Icons.h"
 
@@ -14,20 +15,28 @@ constexpr int iconSide = 18;
 
 }  // namespace
 
-NoteLine::NoteLine(QWidget* parent) : QFrame(parent), icon_(new QLabel), words_(new QLabel) {
+NoteLine::NoteLine(QWidget* parent)
+    : QFrame(parent), icon_(new QLabel), words_(new QLabel), layout_(new QHBoxLayout(this)) {
     setObjectName(QStringLiteral("note"));
     setFrameShape(QFrame::StyledPanel);
     words_->setTextFormat(Qt::PlainText);
     words_->setWordWrap(true);
-    auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 4, 8, 4);
-    layout->addWidget(icon_);
-    layout->addWidget(words_, 1);
+    layout_->setContentsMargins(8, 4, 8, 4);
+    layout_->addWidget(icon_);
+    layout_->addWidget(words_, 1);
     Draw();
     hide();
 }
 
+void NoteLine::Offer(QAction* command) {
+    auto* const button = new QToolButton;
+    button->setDefaultAction(command);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    layout_->addWidget(button);
+}
+
 void NoteLine::Show(const QString& words) {
+    if (Words() == words) return;
     words_->setText(words);
     show();
     QAccessibleEvent alert(words_, QAccessible::Alert);

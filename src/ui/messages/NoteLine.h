@@ -2,6 +2,8 @@
 
 #include <QFrame>
 
+class QAction;
+class QHBoxLayout;
 class QLabel;
 
 namespace tarnbridge {
@@ -17,6 +19,9 @@ public:
     void Show(const QString& words);
     void Clear() { hide(); }
 
+    /// A command as a button beside the words.
+    void Offer(QAction* command);
+
     QString Words() const;
 
 protected:
@@ -27,6 +32,7 @@ private:
 
     QLabel* const icon_;
     QLabel* const words_;
+    QHBoxLayout* const layout_;
 };
 
 }  // namespace tarnbridge

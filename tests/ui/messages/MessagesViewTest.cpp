@@ -4,9 +4,11 @@
 #include <QSplitter>
 #include <QTest>
 #include <QTextEdit>
+#include <QToolButton>
 
 #include "ui/dialogs/TaskDialog.h"
 #include "ui/messages/MessagesView.h"
+#include "ui/messages/NoteLine.h"
 
 namespace tarnbridge::test {
 namespace {
@@ -43,6 +45,33 @@ TEST_F(MessagesView, ReadsAllOfTheHandsetAndShowsIt) {
     EXPECT_EQ(Messages().rowCount(), 3);
     OpenFolder(Content().HandsetRoot());
     EXPECT_EQ(Messages().rowCount(), 0);
+}
+
+TEST_F(MessagesView, RowsOfAnEarlierSessionAreShownAsOld) {
+    Open();
+    ReadAll();
+    MessageFolder& inbox = Content().OnHandset(inboxPlace);
+    OpenFolder(inbox);
+    auto& age = Find<NoteLine>(QStringLiteral("mirrorNote"));
+    const auto isDimmed = [this] { return Messages().index(0, 1).data(Qt::ForegroundRole).isValid(); };
+    EXPECT_EQ(age.Words(), QString());
+    EXPECT_FALSE(isDimmed());
+    handset.Unplug();
+    ASSERT_TRUE(AwaitWords(QStringLiteral("Disconnected!")));
+    handset.Plug();
+    ASSERT_TRUE(AwaitWords(QStringLiteral("Connected!")));
+    EXPECT_TRUE(age.Words().contains(QStringLiteral("connected anew"))) << age.Words().toStdString();
+    EXPECT_TRUE(isDimmed());
+    EXPECT_EQ(Messages().rowCount(), 34) << "they stay to be seen";
+    OpenFolder(Content().OnPc(inboxPlace));
+    EXPECT_EQ(age.Words(), QString());
+    OpenFolder(inbox);
+    EXPECT_TRUE(isDimmed());
+    user.answers = {Answer::Yes};
+    age.findChild<QToolButton*>()->click();
+    ASSERT_TRUE(AwaitRest());
+    EXPECT_EQ(age.Words(), QString());
+    EXPECT_FALSE(isDimmed());
 }
 
 class Reading : public MessagesView {
