@@ -119,8 +119,8 @@ bool Fill(MessageEditor& editor, const Composition& composition) {
 }
 
 /// The record of a filled draft, as it lies in a folder. Nothing, and told, if the recipients are wrong.
-std::unique_ptr<SmsRecord> MakeRecord(MessageDesk& desk, const MessageDraft& draft, const std::string& to) {
-    const CheckedRecipients recipients = CheckRecipients(Utf8ToText(to), VerbatimMatcher());
+std::unique_ptr<SmsRecord> MakeRecord(MessageDesk& desk, const MessageDraft& draft,
+                                      const CheckedRecipients& recipients) {
     if (!recipients) {
         PrintWords(TextToUtf8(Words(*recipients.fault)));
         return nullptr;
@@ -160,7 +160,7 @@ ExitCode SendAll(MessageDesk& desk, const std::vector<MessageSending::Waiting>& 
 
 /// Sends a draft by way of the PC's Outbox, where it stays if it can't be sent.
 ExitCode SendDraft(MessageDesk& desk, const MessageDraft& draft, const std::string& to, bool json) {
-    auto record = MakeRecord(desk, draft, to);
+    auto record = MakeRecord(desk, draft, CheckRecipients(Utf8ToText(to), VerbatimMatcher()));
     if (!record) return OperationFailed;
     if (!desk.HasHandset() && !desk.OpenHandset()) return NoLink;
     MessageFolder& outbox = desk.Tree().OnPc(outboxPlace);
@@ -202,9 +202,11 @@ ExitCode Save(const GlobalOptions& options, const Composition& composition, cons
     if (!folder) return WrongUsage;
     const auto draft = MessageDraft::New(OptionsOf(desk, composition));
     if (!draft || !Fill(draft->Editor(), composition)) return OperationFailed;
-    auto record = MakeRecord(desk, *draft, composition.to);
+    const bool onPc = !desk.Tree().IsOnHandset(*folder);
+    const auto check = onPc ? CheckDraftRecipients : CheckRecipients;
+    auto record = MakeRecord(desk, *draft, check(Utf8ToText(composition.to), VerbatimMatcher()));
     if (!record) return OperationFailed;
-    if (desk.Tree().IsOnHandset(*folder) && !desk.OpenHandset()) return NoLink;
+    if (!onPc && !desk.OpenHandset()) return NoLink;
     MessageFolder editor;  // where the message is until it is saved
     SmsRecord& composed = editor.Append(std::move(record));
     MessageFolders folders(desk.Tree(), desk.User(), desk);
@@ -214,8 +216,10 @@ ExitCode Save(const GlobalOptions& options, const Composition& composition, cons
     desk.Run(transfer);
     if (!desk.Report(transfer, transfer.Outcomes())) return desk.Finish(OperationFailed);
     if (transfer.WentToDraft()) PrintWords(TextToUtf8(Words(Word::StoredAsDraft)));
+    // What isn't on the disk isn't told as stored.
+    const ExitCode code = desk.Finish(Done);
+    if (onPc && code != Done) return code;
     const SmsRecord& stored = *transfer.Stored().front();
-    const bool onPc = !desk.Tree().IsOnHandset(*folder);
     const Json message = MessageToJson(
         stored, desk.NameOf(onPc ? *folder : desk.Tree().OnHandset(PlaceOfStatus(stored.status))),
         onPc ? folder->records.size() : 0);
@@ -223,7 +227,7 @@ ExitCode Save(const GlobalOptions& options, const Composition& composition, cons
         PrintRecord(message);
     else
         PrintLine(MessageToLine(message));
-    return desk.Finish(Done);
+    return code;
 }
 
 /// Opens what a reply or a forward is made from.
@@ -328,7 +332,8 @@ void AddComposeCommands(CLI::App& sms, Action& chosen) {
     const auto folder = std::make_shared<std::string>("Draft");
     const auto memory = std::make_shared<std::string>();
     CLI::App* save = sms.add_subcommand("save", "Compose a message and keep it");
-    save->add_option("--to", composition->to, numbers)->type_name("NUMBER[,NUMBER...]")->required();
+    save->footer("A message that is kept in a folder of the PC needs no number.");
+    save->add_option("--to", composition->to, numbers)->type_name("NUMBER[,NUMBER...]");
     save->add_option("--folder", *folder,
                      "Draft, Outbox, Sent or Inbox of the handset, or a folder of the PC")
         ->type_name("FOLDER")

@@ -146,7 +146,8 @@ TEST_F(ComposeCommands, WhatIsRefusedBeforeAnythingIsSent) {
                                {"send", "--to", "1", "x", "--picture", melody},
                                {"send", "--to", "1", "x", "--melody", picture},
                                {"send", "--to", "1", "x", "--melody", folder / "missing"},
-                               {"save", "--to", "1a", "x"}};
+                               {"save", "--to", "1a", "x"},
+                               {"save", "--folder", "Draft", "x"}};
     for (const Strings& arguments : refused) {
         const auto output = Sms(arguments);
         EXPECT_EQ(output.exitCode, 1) << arguments[2];
@@ -174,6 +175,21 @@ TEST_F(ComposeCommands, SaveTakesTheFolderAndTheMemoryThatAreNamed) {
     EXPECT_EQ(Sms({"save", "--to", "12", "--folder", "pc/Draft", "x"}).exitCode, 0) << "needs no handset";
     EXPECT_EQ(List("pc/Draft").at(0)["status"], 7);
     EXPECT_EQ(Sms({"save", "--to", "12", "x"}).exitCode, 3);
+}
+
+TEST_F(ComposeCommands, SaveTellsOnlyWhatIsOnTheDisk) {
+    EXPECT_EQ(Sms({"save", "--folder", "pc/Draft", "to whom?"}).exitCode, 0);
+    EXPECT_EQ(Texts(List("pc/Draft"), "address"), Strings{""}) << "a draft needs no recipient";
+    // A limit on the size of files stands in for a full disk.
+    const auto full = RunProcess("bash",
+                                 {"-c", "trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\"", TARNCTL, "--json",
+                                  "sms", "save", "--folder", "pc/Draft", "lost"},
+                                 "", 20s);
+    ASSERT_TRUE(full);
+    EXPECT_EQ(full->exitCode, 1);
+    EXPECT_EQ(full->output, "");
+    EXPECT_NE(full->errors.find("Fail to save user data."), std::string::npos);
+    EXPECT_EQ(Texts(List("pc/Draft")), Strings{"to whom?"});
 }
 
 TEST_F(ComposeCommands, WhatTheMemoryHasNoRoomForGoesToBoth) {
