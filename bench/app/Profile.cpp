@@ -24,10 +24,12 @@ public:
     ScratchFile() = default;
     ScratchFile(const ScratchFile&) = delete;
     ScratchFile& operator=(const ScratchFile&) = delete;
-    ~ScratchFile() { std::filesystem::remove(path); }
+    ~ScratchFile() { std::filesystem::remove_all(folder); }
 
-    const std::filesystem::path path =
+    const std::filesystem::path folder =
         std::filesystem::temp_directory_path() / ("tarnbridge-profile-" + std::to_string(::getpid()));
+    const std::filesystem::path path = folder / "Tarnbridge.bin";
+    const std::filesystem::path other = folder / "yardstick";
 };
 
 SmsRecord SampleMessage() {
@@ -97,8 +99,11 @@ void Compare(benchmark::State& state, Step step, Yardstick yardstick) {
     state.counters["yardstick_ns"] = yardsticks / messages * 1e9;
 }
 
-void SaveToDisk(benchmark::State& state) {
+/// A profile of which a little has changed since it was last saved, or nothing.
+void SaveToDisk(benchmark::State& state, bool changes) {
     const ScratchFile scratch;
+    SystemClock clock;
+    const auto file = ProfileFile::Open(scratch.path, clock);
     Profile profile;
     Fill(profile, state.range(0));
     const std::string bytes = Saved(profile);
@@ -108,12 +113,18 @@ void SaveToDisk(benchmark::State& state) {
     Compare(
         state,
         [&] {
-            return Time([&] {
-                check(WriteFileAtomically(scratch.path,
-                                          [&](const ByteSink& sink) { SaveProfile(profile, sink); }));
-            });
+            if (changes) profile.outlookOn = !profile.outlookOn;
+            return Time([&] { check(file->Save(profile)); });
         },
-        [&] { return Time([&] { check(WriteFileAtomically(scratch.path, bytes)); }); });
+        [&] { return Time([&] { check(WriteFileAtomically(scratch.other, bytes)); }); });
+}
+
+void SaveChanged(benchmark::State& state) {
+    SaveToDisk(state, true);
+}
+
+void SaveUnchanged(benchmark::State& state) {
+    SaveToDisk(state, false);
 }
 
 /// The same without the disk: the bytes laid out piece by piece, beside a copy of them in one block.
@@ -168,9 +179,14 @@ void LoadFromDisk(benchmark::State& state) {
         });
 }
 
-BENCHMARK(SaveToDisk)
+BENCHMARK(SaveChanged)
     ->RangeMultiplier(10)
-    ->Range(10'000, 1'000'000)
+    ->Range(100, 1'000'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(SaveUnchanged)
+    ->RangeMultiplier(10)
+    ->Range(100, 1'000'000)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(SaveToMemory)
