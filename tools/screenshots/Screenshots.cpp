@@ -27,7 +27,9 @@
 
 #include "MessageWidgets.h"
 #include "core/app/CTarnbridgeDoc.h"
+#include "core/app/FrameMessages.h"
 #include "core/base/Settings.h"
+#include "messaging/MessageQuestions.h"
 #include "messaging/SaveTarget.h"
 #include "platform/PortMap.h"
 #include "simulator/HandsetServer.h"
@@ -179,6 +181,14 @@ private:
         };
         select("Look, this");
         Grab(*program_.Frame(), QStringLiteral("messages-read"));
+        // As after another handset was plugged in.
+        MirrorState& mirror = program_.Document()->Mirror();
+        ++mirror.session;
+        Message news{HandsetConnected};
+        form.Receive(news);
+        Grab(*program_.Frame(), QStringLiteral("messages-old"));
+        --mirror.session;
+        form.Receive(news);
         auto* const find = form.findChild<QLineEdit*>(QStringLiteral("find"));
         find->setText(QStringLiteral("+1555010021"));
         list->selectAll();
@@ -213,6 +223,15 @@ private:
         UserInteraction& user = program_.Document()->User();
         GrabDialog(QStringLiteral("dialog-about"), [&] { AboutDialog(&frame).exec(); });
         GrabDialog(QStringLiteral("dialog-question"), [&] { user.Ask({Words(Word::RestartNow)}); });
+        GrabDialog(QStringLiteral("dialog-delete"), [&] {
+            const MessageTree tree(program_.Document()->Content().messageRoot);
+            SmsRecord message;
+            user.Ask(DeleteQuestion(tree, tree.OnHandset(inboxPlace), {&message, &message, &message}));
+        });
+        GrabDialog(QStringLiteral("dialog-delete-folder"), [&] {
+            const MessageTree tree(program_.Document()->Content().messageRoot);
+            user.Ask(FolderToTrashQuestion(tree, tree.OnPc(personalPlace)));
+        });
         GrabDialog(QStringLiteral("dialog-question-all"), [&] {
             user.Ask({.words = Words(Word::NameWillBeShortened, {u"Maximilian Alexander", u"Maximilian"}),
                       .answers = AnswerSet::YesNoAllCancel});
