@@ -135,7 +135,9 @@ ExitCode MessageDesk::Download(const std::u16string& memory) {
     const bool lost = download.LostHandset();
     const bool cancelled = download.WasCancelled();
     if (cancelled) PrintWords("cancelled");
-    const std::u16string words = DownloadWords(report, lost, cancelled);
+    MessageDownload::Report others = report;
+    others.unread.clear();  // each is named above
+    const std::u16string words = DownloadWords(others, lost, cancelled);
     if (!words.empty()) PrintWords(TextToUtf8(words));
     return IsWhole(report, lost, cancelled) ? Done : OperationFailed;
 }

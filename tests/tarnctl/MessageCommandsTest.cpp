@@ -132,9 +132,9 @@ TEST_F(MessageCommands, OnATerminalDeletingAsksAndLongWorkShowsWhereItIs) {
         while (!code && std::chrono::steady_clock::now() < end) {
             terminal.Wait(true, false, std::chrono::steady_clock::now() + 10ms);
             char bytes[4096];
-            const bool asked = shown.find("[y/N]") != std::string::npos;
+            const bool asked = shown.find("Enter = Cancel") != std::string::npos;
             shown.append(bytes, terminal.Read(bytes, sizeof bytes));
-            if (!asked && shown.find("[y/N]") != std::string::npos) terminal.Write(answer);
+            if (!asked && shown.find("Enter = Cancel") != std::string::npos) terminal.Write(answer);
             code = program->Wait(0ms);
         }
         EXPECT_TRUE(code) << shown;
@@ -145,6 +145,8 @@ TEST_F(MessageCommands, OnATerminalDeletingAsksAndLongWorkShowsWhereItIs) {
     const auto [code, shown] = run("delete SM 1", "y\n");
     EXPECT_EQ(code, 0);
     EXPECT_NE(shown.find("Do you want to delete"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("1 message on the phone. It can't be brought back."), std::string::npos) << shown;
+    EXPECT_NE(shown.find("y = Delete"), std::string::npos) << shown;
     EXPECT_TRUE(handset.Locations("SM").empty());
     EXPECT_NE(run("list", "").second.find("Reading messages from SIM 7/120"), std::string::npos);
 }
