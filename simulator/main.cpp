@@ -43,6 +43,7 @@ Result<HandsetContent> Load(const std::filesystem::path& state, const std::strin
 }  // namespace
 
 int main(int argc, char** argv) {
+    LetOversizedWritesFail();
     HandsetServer::Options options;
     std::vector<std::string> specifications;
     std::string seed = "demo";

@@ -1,5 +1,6 @@
 #include <QApplication>
 
+#include "platform/Files.h"
 #include "platform/TerminationSignal.h"
 #include "platform/Thread.h"
 #include "ui/frame/CMainFrame.h"
@@ -7,6 +8,7 @@
 
 int main(int, char** arguments) {
     using namespace tarnbridge;
+    LetOversizedWritesFail();
     TerminationSignal signal;
     int count = 1;  // the window takes no arguments, those of Qt among them
     QApplication application(count, arguments);

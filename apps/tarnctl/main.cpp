@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <map>
 
+#include "platform/Files.h"
 #include "tarnctl/Command.h"
 #include "tarnctl/Output.h"
 
@@ -53,6 +54,7 @@ std::string UnknownCommand(const CLI::App& app) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    LetOversizedWritesFail();
     GlobalOptions options;
     Action chosen;
     CLI::App app("Reads and keeps what is on a feature phone, over AT commands on a serial port.", "tarnctl");

@@ -41,6 +41,10 @@ Outcome WriteFileAtomically(const std::filesystem::path& path,
                             const std::function<void(const ByteSink&)>& produce,
                             const Replacement& replacement = {});
 
+/// From now on a write beyond the largest size that the process may give a file fails, as on a full disk, and
+/// doesn't end the program. Each program calls it first.
+void LetOversizedWritesFail();
+
 /// The entries of a folder whose name matches a pattern with `*` and `?`, sorted by name. Empty when the
 /// folder can't be read.
 std::vector<std::filesystem::path> FindFiles(const std::filesystem::path& folder, std::string_view pattern);

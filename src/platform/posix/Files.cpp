@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <system_error>
 
@@ -36,6 +37,10 @@ void FlushFolder(const std::filesystem::path& folder) {
 SystemFailure LastSystemFailure(std::string_view what, const std::filesystem::path& name) {
     const int code = errno;
     return {code, fmt::format("cannot {} {}: {}", what, name.string(), std::strerror(code))};
+}
+
+void LetOversizedWritesFail() {
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 Result<std::string> ReadFile(const std::filesystem::path& path, uint64_t limit) {
