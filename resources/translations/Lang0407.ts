@@ -1762,6 +1762,11 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Nachrichten, die blieben, wie sie waren: %d von %d</translation>
     </message>
     <message>
+        <source>What can't be read as a message was left out: %d</source>
+        <comment>MessagesUnreadable</comment>
+        <translation>Was nicht als Nachricht lesbar ist, wurde ausgelassen: %d</translation>
+    </message>
+    <message>
         <source>Messages without text, which were left out: %d</source>
         <comment>MessagesWithoutText</comment>
         <translation>Nachrichten ohne Text, die ausgelassen wurden: %d</translation>

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/base/Settings.h"
+#include "messaging/Arrival.h"
 #include "messaging/EditHistory.h"
 #include "messaging/FormatChange.h"
 #include "messaging/MessageFragment.h"
@@ -41,6 +42,9 @@ public:
     /// As it stands; valid until the next change.
     const EmsMessage& Message() const { return *live_.Get(); }
     const ShownMessage& Shown() const { return shown_; }
+
+    /// What will arrive of it as it stands.
+    ArrivingText Arriving() const { return ArrivingTextOf(Message(), shown_); }
 
     /// What goes under the text: characters used and left, and the number of segments.
     std::u16string CounterText() const;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "link/HandsetLink.h"
+#include "messaging/Arrival.h"
 #include "messaging/MessageQuestions.h"
 #include "messaging/Recipients.h"
 #include "platform/Text.h"
@@ -97,6 +98,7 @@ void MessageSending::KeepSent() {
         if (!tree_.IsOnHandset(folder)) record.address.number = Join(left);
     }
     if (!partly_) return;
+    KeepAsSent(*partly_);
     if (!atOnce) partly_->address.number = Join(sent);
     partly_->storage = u"PC";
     partly_->status = smsSentFromHere;

@@ -39,6 +39,8 @@ TEST_F(MessageEditorTest, WhatIsTypedAndWhatStandsInTheMessage) {
          0},
         {"the least character above 127 that a text holds", {}, u"\xA0", u"\xA0", u"\xA0", 8},
         {"7-bit by order", sevenBitOnly, u"\xE9\u4E2D\xD83D\xDE00[", u"\xE9??[", u"\xE9??\x1B[", 0},
+        {"7-bit has the euro sign and Greek capitals", sevenBitOnly, u"\u20AC\u0394", u"\u20AC\u0394",
+         u"\x1B\x80\x10", 0},
     };
     for (const Row& row : rows) {
         MessageEditor editor = MakeEditor(row.options);
@@ -396,6 +398,27 @@ TEST_F(MessageEditorTest, ReceivedMessagesOfAnyKind) {
     EmsTestMessage data(4);
     AddText(&data, u"8-bit");
     EXPECT_EQ(MakeEditor(sevenBitOnly, &data).Message().dcs, 0);
+}
+
+TEST_F(MessageEditorTest, WhatWillArriveOtherwise) {
+    MessageEditor editor = MakeEditor(sevenBitOnly);
+    Type(editor, u"\xE9[\u20AC\u0394\n");
+    editor.Insert(0, MessageObject::PredefinedSound(1));
+    Type(editor, u"`\xA4");
+    EXPECT_EQ(editor.Arriving().text, u"\uFFFCe[\u20AC\u0394\n\xA7\xA4");
+    EXPECT_EQ(editor.Arriving().differing, (std::vector<int>{1, 6}));
+    // What is kept as sent is that, with its object.
+    SmsRecord record;
+    EmsHandle copy = EmsHandle::Make(0);
+    EmsCopy(copy.Get(), &editor.Message());
+    record.SetEmsMessage(std::move(copy));
+    KeepAsSent(record);
+    ASSERT_TRUE(record.EnsureEmsMessage());
+    EXPECT_EQ(ShownMessage(*record.emsMessage.Get()).Text(), editor.Arriving().text);
+
+    MessageEditor wide = MakeEditor();
+    Type(wide, u"\xE9\u0436");
+    EXPECT_TRUE(wide.Arriving().differing.empty()) << "UCS2 arrives as it is";
 }
 
 }  // namespace

@@ -68,7 +68,7 @@ protected:
 TEST_F(Sending, EachNumberHasItsResultAndWhatFailedStaysForIt) {
     SmsRecord& several = PutFor("11,+22;33", u"several");
     SmsRecord& none = PutFor("", u"none");
-    SmsRecord& single = PutFor("44", u"single");
+    SmsRecord& single = PutFor("44", u"singl\xE9");
     session.handset.SetFaults({"error=+CMGS:38,after=1,times=1"});
     Run(outbox, {&several, &none, &single});
     EXPECT_EQ(Results(), (Strings{"11:done", "+22:failed 38", "33:done", ":failed", "44:done"}));

@@ -1,5 +1,6 @@
 #include "ui/messages/MessageEdit.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -15,6 +16,8 @@
 
 namespace tarnbridge {
 namespace {
+
+constexpr QColor underlineColour(0xC0, 0x70, 0x00);
 
 /// Whether a key's text is to be written, rather than being a command.
 bool IsTyping(const QKeyEvent& event) {
@@ -279,8 +282,44 @@ void MessageEdit::ShowEditor() {
     cursor.setPosition(editor_.Caret());
     setTextCursor(cursor);
     ensureCursorVisible();
+    MarkArrival();
     undo_->setEnabled(editor_.CanUndo());
     redo_->setEnabled(editor_.CanRedo());
+}
+
+/// The underlines are the control's own, and no part of the document.
+void MessageEdit::MarkArrival() {
+    arriving_ = editor_.Arriving();
+    QList<QTextEdit::ExtraSelection> marks;
+    QStringList hints;
+    for (const int position : arriving_.differing) {
+        QTextEdit::ExtraSelection mark;
+        mark.cursor = QTextCursor(&Document());
+        mark.cursor.setPosition(position);
+        mark.cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+        mark.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+        mark.format.setUnderlineColor(underlineColour);
+        marks << mark;
+        const QString hint = ToQString(editor_.Shown().TextOf(position, position + 1)) +
+                             QStringLiteral(" \u2192 ") +
+                             ToQString(arriving_.text.substr(static_cast<size_t>(position), 1));
+        if (!hints.contains(hint)) hints << hint;
+    }
+    setExtraSelections(marks);
+    QString words = Document().ObjectWords();
+    if (!hints.isEmpty()) {
+        if (!words.isEmpty()) words += QStringLiteral("; ");
+        words += QWords(Word::ArrivingOtherwise, {ToText(hints.join(QStringLiteral(", ")))});
+    }
+    if (words != accessibleDescription()) setAccessibleDescription(words);
+}
+
+QString MessageEdit::TipAt(const QPoint& place) const {
+    const QString object = MessageTextView::TipAt(place);
+    if (!object.isEmpty()) return object;
+    const int position = document()->documentLayout()->hitTest(place, Qt::ExactHit);
+    if (!std::binary_search(arriving_.differing.begin(), arriving_.differing.end(), position)) return {};
+    return QWords(Word::ArrivesAs, {arriving_.text.substr(static_cast<size_t>(position), 1)});
 }
 
 /// Not all ways into the document can be barred: a selection that is dragged into another program is taken

@@ -9,7 +9,8 @@ namespace tarnbridge {
 
 /// The text control of a MessageEditor. Whatever the user does goes to the editor, and what is shown comes
 /// from it; only selection and scrolling are the control's own. What the editor refuses leaves everything as
-/// it was.
+/// it was. Letters that will arrive otherwise are underlined, and a tip and the accessible description tell
+/// how.
 class MessageEdit : public MessageTextView {
     Q_OBJECT
 
@@ -46,6 +47,7 @@ Q_SIGNALS:
     void refused(const QString& words);
 
 protected:
+    QString TipAt(const QPoint& place) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -76,10 +78,12 @@ private:
     void Move(Range range, int position);
     bool Take(EmsResult result);
     void ShowEditor();
+    void MarkArrival();
     void MarkForeignChange();
     void TakeForeignChange();
 
     MessageEditor& editor_;
+    ArrivingText arriving_;
     bool showing_ = false;  // what changes in the document comes from the editor
     bool foreign_ = false;  // somebody else has changed it
     QAction* undo_ = nullptr;

@@ -241,6 +241,8 @@ void MessageOperations::Export(const MessageSelection& selection) {
     } else if (done->skipped > 0) {
         document_.User().Tell(Words(Word::MessagesWithoutText, {static_cast<int64_t>(done->skipped)}));
     }
+    if (done && done->unreadable > 0)
+        document_.User().Tell(Words(Word::MessagesUnreadable, {static_cast<int64_t>(done->unreadable)}));
 }
 
 void MessageOperations::Import(MessageFolder& folder) {

@@ -7,6 +7,8 @@
 #include <QPrinter>
 #include <QTextCursor>
 
+#include "core/base/StringTable.h"
+#include "messaging/RecordText.h"
 #include "platform/CodePage.h"
 #include "platform/Text.h"
 #include "ui/QtText.h"
@@ -32,7 +34,8 @@ QString HeadOf(const PrintedMessage& message) {
     const SmsRecord& record = message.record;
     const Word direction = record.messageType == SmsRecord::deliver ? Word::ReaderFrom : Word::ReaderTo;
     QString head = QWords(direction) + u' ' + ToQString(CodePage::System().ToText(record.address.number));
-    head += u'\n' + QWords(Word::ReaderTime) + u' ' + ToQString(Utf8ToText(record.timestamp.ToText()));
+    if (record.timestamp.IsSet())
+        head += u'\n' + QWords(Word::ReaderTime) + u' ' + ToQString(Utf8ToText(record.timestamp.ToText()));
     return head + u'\n' + QWords(Word::ReaderFolder) + u' ' + message.folder;
 }
 
@@ -119,10 +122,12 @@ bool PrintMessages(QPagedPaintDevice& device, const std::vector<PrintedMessage>&
         body.SetPalette(PaperPalette());
         body.setTextWidth(pages.Width());
         SmsRecord record = message.record;
-        if (record.EnsureEmsMessage())
+        if (record.unreadable)
+            body.ShowText(Words(Word::UnreadableMessage, {ShownText(record)}));
+        else if (record.EnsureEmsMessage())
             body.Show(ShownMessage(*record.emsMessage.Get()));
         else
-            body.ShowText(record.TextAsWide());
+            body.ShowText(ShownText(record));
         pages.Put(head, body);
     }
     return true;

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "core/base/StringTable.h"
+#include "messaging/RecordText.h"
 #include "platform/CodePage.h"
 #include "platform/Text.h"
 #include "ui/EmptyHint.h"
@@ -14,12 +16,13 @@ namespace tarnbridge {
 namespace {
 
 void Fill(MessageTextView& text, SmsRecord record) {
-    if (record.EnsureEmsMessage()) {
+    if (!record.unreadable && record.EnsureEmsMessage()) {
         text.ShowMessage(ShownMessage(*record.emsMessage.Get()));
         return;
     }
     // A record from elsewhere may hold more text than a message can.
-    std::u16string bare = record.TextAsWide();
+    std::u16string bare = ShownText(record);
+    if (record.unreadable) bare = Words(Word::UnreadableMessage, {bare});
     for (char16_t& unit : bare) {
         if (unit != u'\n' && IsUnshowable(unit)) unit = u' ';
     }
@@ -76,7 +79,8 @@ void MessageReader::Show(const SmsRecord& record, const QString& folder) {
     const bool received = record.messageType == SmsRecord::deliver;
     addressTitle_->setText(QWords(received ? Word::ReaderFrom : Word::ReaderTo));
     address_->setText(ToQString(CodePage::System().ToText(record.address.number)));
-    time_->setText(ToQString(Utf8ToText(record.timestamp.ToText())));
+    const bool hasTime = record.timestamp.IsSet();
+    time_->setText(hasTime ? ToQString(Utf8ToText(record.timestamp.ToText())) : QString());
     folder_->setText(folder);
     Fill(*text_, record);
     text_->moveCursor(QTextCursor::Start);

@@ -87,14 +87,17 @@ bool MessageTextView::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QTextEdit::event(event);
     const auto* const help = static_cast<QHelpEvent*>(event);
     const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
-    const int position = document_->ObjectAt(viewport()->mapFrom(this, help->pos()) + scrolled);
-    if (position < 0) {
+    const QString tip = TipAt(viewport()->mapFrom(this, help->pos()) + scrolled);
+    if (tip.isEmpty())
         QToolTip::hideText();
-    } else {
-        QToolTip::showText(help->globalPos(), DescriptionOfObject(*document_->Shown().ObjectAt(position)),
-                           viewport());
-    }
+    else
+        QToolTip::showText(help->globalPos(), tip, viewport());
     return true;
+}
+
+QString MessageTextView::TipAt(const QPoint& place) const {
+    const int position = document_->ObjectAt(place);
+    return position < 0 ? QString() : DescriptionOfObject(*document_->Shown().ObjectAt(position));
 }
 
 void MessageTextView::changeEvent(QEvent* event) {

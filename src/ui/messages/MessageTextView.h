@@ -33,6 +33,9 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
 
+    /// What the tip at a place of the document says; nothing where there is none.
+    virtual QString TipAt(const QPoint& place) const;
+
     /// Puts commands into the context menu, in front of one that is there or at its end.
     void AddCommands(const QList<QAction*>& commands, QAction* before = nullptr);
     QAction* MakeSeparator();

@@ -20,6 +20,7 @@ struct OpenEdit : MessageEdit {
     using MessageEdit::createMimeDataFromSelection;
     using MessageEdit::dropEvent;
     using MessageEdit::MessageEdit;
+    using MessageEdit::TipAt;
 };
 
 /// Text controls on editors, each of which must show what its editor holds.
@@ -347,6 +348,22 @@ TEST_F(EditTest, ChangesThatPassTheControlByReachTheModelOrAreTakenBack) {
     control.edit.setPlainText("all new");
     control.Keys("!");
     Check(control);
+}
+
+TEST_F(EditTest, LettersThatWillArriveOtherwiseAreMarkedAndTold) {
+    Control control({.automatic = false});
+    control.Keys(QStringLiteral("caf\u00E9 \u20AC"));
+    ASSERT_EQ(control.edit.extraSelections().size(), 1);
+    EXPECT_EQ(control.edit.extraSelections().front().cursor.selectedText(), QStringLiteral("\u00E9"));
+    EXPECT_EQ(control.edit.TipAt(control.PlaceOf(3)), QStringLiteral("Arrives as: e"));
+    EXPECT_EQ(control.edit.TipAt(control.PlaceOf(1)), QString());
+    EXPECT_EQ(control.edit.accessibleDescription(),
+              QStringLiteral("Letters that will arrive otherwise: \u00E9 \u2192 e"));
+    Check(control);
+    control.Select(0, 6);
+    control.Key(Qt::Key_Delete);
+    EXPECT_TRUE(control.edit.extraSelections().isEmpty());
+    EXPECT_EQ(control.edit.accessibleDescription(), QString());
 }
 
 TEST_F(EditTest, TheObjectsAreToldToThoseWhoDoNotSeeThem) {

@@ -67,6 +67,20 @@ TEST_F(ReaderTest, ATextThatNoMessageHoldsIsShownAllTheSame) {
     EXPECT_EQ(reader.Text().toPlainText(), QString(5000, u'x') + QStringLiteral(" end"));
     reader.Show(Record(SmsRecord::submit), {});
     EXPECT_EQ(reader.Text().toPlainText(), QStringLiteral("a{ <i>b</i>\nc"));
+
+    SmsRecord parts;
+    for (int i = 1; i <= 12; ++i)
+        parts.rawParts.push_back(std::string("\5\0\3\1\14", 5) + static_cast<char>(i) +
+                                 std::string(152, 'x') + "\x10");
+    parts.hasHeader = 1;
+    reader.Show(parts, {});
+    EXPECT_EQ(reader.Text().toPlainText().count(u'\u0394'), 12) << "no part is cut";
+    EXPECT_EQ(Label("readerTime"), QString()) << "it has none";
+
+    SmsRecord unreadable;
+    unreadable.unreadable = "0791<b>";
+    reader.Show(unreadable, {});
+    EXPECT_EQ(reader.Text().toPlainText(), QStringLiteral("Unreadable: 0791<b>"));
 }
 
 }  // namespace
