@@ -8,6 +8,7 @@
 #include <string>
 
 #include "messaging/MessageTextFile.h"
+#include "messaging/RecordText.h"
 #include "messaging/ems/Ems.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -29,14 +30,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::vector<std::unique_ptr<SmsRecord>> again;
     const auto result = read(file, again);
     if (!result || result->refused != 0 || again.size() != records.size()) std::abort();
-    // CR isn't written, and without it a mark may come to stand where UCS2 loses it.
-    const auto isLost = [](char16_t unit) { return unit == u'\r' || unit == 0x1B; };
     for (size_t i = 0; i < records.size(); ++i) {
-        std::u16string text = records[i]->TextAsWide();
-        std::u16string textAgain = again[i]->TextAsWide();
-        std::erase_if(text, isLost);
-        std::erase_if(textAgain, isLost);
-        if (textAgain != text || again[i]->dcs != records[i]->dcs) std::abort();
+        std::u16string text = ShownText(*records[i]);
+        std::erase(text, u'\r');  // which isn't written
+        if (ShownText(*again[i]) != text || again[i]->dcs != records[i]->dcs) std::abort();
     }
     return 0;
 }

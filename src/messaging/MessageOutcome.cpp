@@ -29,9 +29,10 @@ std::u16string Line(const MessageOutcome& outcome) {
 }  // namespace
 
 std::u16string TitleOf(const SmsRecord& record) {
-    const bool known = !record.address.number.empty() || record.timestamp.month != 0;
+    const bool known = !record.address.number.empty() || record.timestamp.IsSet();
     if (!known && !record.handsetIndices.empty())
         return record.storage + u" " + ListOf(record.handsetIndices);
+    if (!record.timestamp.IsSet()) return WidenBytes(record.address.number);
     const Word word = record.messageType == SmsRecord::deliver ? Word::MessageFrom : Word::MessageTo;
     return Words(word, {WidenBytes(record.address.number), WidenBytes(record.timestamp.ToText())});
 }

@@ -31,7 +31,9 @@ std::u16string Marked(std::u16string_view text, bool isUcs2) {
     std::u16string marked;
     for (size_t i = 0; i < text.size(); ++i) {
         const bool isMark = text[i] == gsmEscape && i + 1 < text.size() && IsGsmExtension(text[i + 1]);
-        if (isMark) continue;
+        // Control characters that stand for Greek letters in a part would arrive as these.
+        const bool isControl = !isUcs2 && CharacterOfPart(text[i]) != text[i];
+        if (isMark || isControl) continue;
         if (!isUcs2 && IsGsmExtension(text[i])) marked += gsmEscape;
         marked += text[i];
     }

@@ -26,7 +26,8 @@ enum class MessageLineFault {
 /// Reads a line, its end included, into a new record; with a fault the record is of no use. The number is cut
 /// at 256 characters, and the time, which is taken for one of this zone, at 64. The record is composed, in
 /// "PC", UCS2 where a character lies above 127 and else of the GSM alphabet, and has its parts but no
-/// EmsMessage; a slot is needed meanwhile. In the GSM alphabet the characters that need a mark 0x1B get it.
+/// EmsMessage; a slot is needed meanwhile. In the GSM alphabet the characters that need a mark 0x1B get it,
+/// and control characters that parts have for Greek letters are left out.
 MessageLineFault ReadMessageLine(std::u16string_view line, int minutesEastOfUtc, SmsRecord& record,
                                  const CodePage& page = CodePage::System());
 
