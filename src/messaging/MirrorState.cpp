@@ -14,7 +14,8 @@ std::u16string MirrorState::Words(unsigned sessionNow, const LocalTime& now) con
     const bool today = readAt.year == now.year && readAt.month == now.month && readAt.day == now.day;
     const std::string moment = today ? fmt::format("{:02}:{:02}", readAt.hour, readAt.minute)
                                      : SmsTimestamp::FromLocal(readAt).ToText();
-    return tarnbridge::Words(old ? Word::MirrorOld : Word::MirrorPartly, {WidenBytes(moment)});
+    const Word word = !old ? Word::MirrorPartly : refuted ? Word::MirrorRefuted : Word::MirrorOld;
+    return tarnbridge::Words(word, {WidenBytes(moment)});
 }
 
 }  // namespace tarnbridge

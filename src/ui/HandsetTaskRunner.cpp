@@ -7,11 +7,17 @@
 #include "ui/dialogs/TaskDialog.h"
 
 namespace tarnbridge {
+namespace {
+
+constexpr std::chrono::milliseconds cancelInterval{100};
+
+}  // namespace
 
 HandsetTaskRunner::HandsetTaskRunner(CTarnbridgeDoc& document, QObject* parent)
-    : QObject(parent),
-      document_(document),
-      receiver_([this](Message& message) { return Receive(message); }) {}
+    : QObject(parent), document_(document), receiver_([this](Message& message) { return Receive(message); }) {
+    cancelWatch_.setInterval(cancelInterval);
+    connect(&cancelWatch_, &QTimer::timeout, this, &HandsetTaskRunner::TakeCancel);
+}
 
 HandsetTaskRunner::~HandsetTaskRunner() {
     if (IsBusy()) document_.viewSwitchAllowed = true;
@@ -35,7 +41,10 @@ bool HandsetTaskRunner::Run(std::shared_ptr<HandsetTask> task, const std::u16str
         return true;
     }
     document_.viewSwitchAllowed = false;
-    if (!title.empty()) progress_ = document_.User().ShowProgress(title);
+    if (!title.empty()) {
+        progress_ = document_.User().ShowProgress(title);
+        cancelWatch_.start();
+    }
     Show(standing_);
     Q_EMIT busyChanged();
     return true;
@@ -72,10 +81,14 @@ void HandsetTaskRunner::Cancel() {
 
 intptr_t HandsetTaskRunner::Receive(Message& message) {
     if (!task_ || task_->HasEnded()) return 0;
-    if (progress_ && progress_->Cancelled()) task_->Cancel();
+    TakeCancel();
     task_->Take(message);
     if (task_->HasEnded()) Finish();
     return 0;
+}
+
+void HandsetTaskRunner::TakeCancel() {
+    if (task_ && progress_ && progress_->Cancelled()) task_->Cancel();
 }
 
 void HandsetTaskRunner::Show(const HandsetTask::Standing& standing) {
@@ -89,6 +102,7 @@ void HandsetTaskRunner::Show(const HandsetTask::Standing& standing) {
 /// What follows may ask the user, over a window from which the progress must have gone first: its going is
 /// queued before this.
 void HandsetTaskRunner::Finish() {
+    cancelWatch_.stop();
     progress_.reset();
     QMetaObject::invokeMethod(
         this,

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -45,6 +46,7 @@ Q_SIGNALS:
 private:
     intptr_t Receive(Message& message);
     void Show(const HandsetTask::Standing& standing);
+    void TakeCancel();
     void Finish();
     bool Refuse();
 
@@ -54,6 +56,7 @@ private:
     std::unique_ptr<Progress> progress_;
     HandsetTask::Standing standing_;
     QPointer<TaskDialog> dialog_;
+    QTimer cancelWatch_;  // a handset that says nothing must not keep the user's cancel waiting
     MessageReceiver receiver_;
 };
 

@@ -55,6 +55,11 @@ bool MessageOperations::SaveNow() {
 void MessageOperations::Report(const HandsetTask& task, const std::vector<MessageOutcome>& outcomes,
                                std::u16string words) {
     AddLine(words, FailureWords(outcomes));
+    if (std::any_of(outcomes.begin(), outcomes.end(),
+                    [](const MessageOutcome& outcome) { return outcome.words == Word::MessageReplaced; })) {
+        document_.Mirror().refuted = true;
+        Q_EMIT changed();
+    }
     const auto left = std::count_if(outcomes.begin(), outcomes.end(), [](const MessageOutcome& outcome) {
         return outcome.state == MessageOutcome::State::NotTried;
     });
