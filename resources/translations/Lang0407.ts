@@ -1582,14 +1582,14 @@ Bei „Nein“ starten Sie es später selbst neu.</translation>
         <translation>Gelesen um %s. Das Telefon wurde seitdem neu verbunden: Lesen Sie noch einmal, bevor Sie löschen oder verschieben.</translation>
     </message>
     <message>
-        <source>Read at %s. Something else stands on the phone by now: read again before you delete or move.</source>
-        <comment>MirrorRefuted</comment>
-        <translation>Gelesen um %s. Auf dem Telefon steht inzwischen etwas anderes: Lesen Sie noch einmal, bevor Sie löschen oder verschieben.</translation>
-    </message>
-    <message>
         <source>Read at %s. Something is missing here: not all of the phone could be read.</source>
         <comment>MirrorPartly</comment>
         <translation>Gelesen um %s. Hier fehlt etwas: Nicht alles auf dem Telefon ließ sich lesen.</translation>
+    </message>
+    <message>
+        <source>Read at %s. Something else stands on the phone by now: read again before you delete or move.</source>
+        <comment>MirrorRefuted</comment>
+        <translation>Gelesen um %s. Auf dem Telefon steht inzwischen etwas anderes: Lesen Sie noch einmal, bevor Sie löschen oder verschieben.</translation>
     </message>
     <message>
         <source>The phone is busy with something else. Please try again in a moment.</source>

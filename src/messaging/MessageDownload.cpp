@@ -128,14 +128,19 @@ void MessageDownload::EmptyMirror() {
 
 /// Of the old picture stays what nobody has looked at.
 void MessageDownload::PutBack() {
+    const std::vector<Memory>& listed = memories_->listed;
     for (auto& [place, record] : old_) {
         const std::vector<int>& locations = record->handsetIndices;
-        const std::vector<Memory>& listed = memories_->listed;
-        const bool isRead = std::any_of(listed.begin(), listed.end(),
-                                        [&](const Memory& memory) { return memory.name == record->storage; });
-        const bool seen = isRead && std::any_of(locations.begin(), locations.end(),
-                                                [&](int location) { return answered_.contains(location); });
-        if (!seen) tree_.OnHandset(place).Append(std::move(record));
+        const auto memory = std::find_if(listed.begin(), listed.end(), [&](const Memory& candidate) {
+            return candidate.name == record->storage;
+        });
+        const int offset = record->storage == u"ME" ? memories_->simOffset : 0;
+        const auto isGone = [&](int location) {
+            return memory != listed.end() &&
+                   (answered_.contains(location) || location > offset + memory->usage.total);
+        };
+        if (std::none_of(locations.begin(), locations.end(), isGone) && !locations.empty())
+            tree_.OnHandset(place).Append(std::move(record));
     }
     old_.clear();
 }

@@ -160,12 +160,16 @@ bool SmsRecord::Read(HandsetLink& link, std::u16string_view from, int index, int
         if (!refusal.answered) reading = Reading::NoAnswer;
         return false;
     }
+    // What can't be decoded may have been spoilt on its way: it is read once more.
     StoredPdu stored;
-    reading = ReadLocation(link, index, stored, error);
-    if (reading != Reading::Found) return false;
-    const bool whole = static_cast<int>(TpduOf(stored.text).size() / 2) >= stored.tpduLength;
-    unreadable.reset();
-    if (stored.text.empty() || !decode(stored.text) || !whole) unreadable = stored.text;
+    for (int i = 0; i < 2 && (i == 0 || unreadable); ++i) {
+        reading = ReadLocation(link, index, stored, error);
+        if (reading != Reading::Found) return false;
+        const bool whole = stored.stat >= 0 && stored.tpduLength >= 0 &&
+                           static_cast<int>(TpduOf(stored.text).size() / 2) >= stored.tpduLength;
+        unreadable.reset();
+        if (!whole || stored.text.empty() || !decode(stored.text)) unreadable = stored.text;
+    }
     if (messageType == submit) timestamp = {};
     status = StatusOfStat(stored.stat);
     handsetIndices.assign(1, index);
