@@ -116,6 +116,11 @@ void ATChannel::Begin(LinkPort& port, std::string_view text, bool awaitPrompt, b
     port.PromptEvent().Reset();
     port.ForgetBreak();
     port.CommandActiveEvent().Set();
+    Arm(port, text, awaitPrompt, pduFollows, result);
+}
+
+void ATChannel::Arm(LinkPort& port, std::string_view text, bool awaitPrompt, bool pduFollows,
+                    const ATResult& result) {
     port.SetAwaitPrompt(awaitPrompt);
     port.SetExpected(result);
     port.SetExpectPduLine(pduFollows);
@@ -152,11 +157,27 @@ bool ATChannel::Exec(std::string_view text, Milliseconds timeout, bool pduFollow
 
 bool ATChannel::ExecWhileAlive(std::string_view text, Milliseconds patience, Milliseconds limit,
                                ATResult& result) {
+    return AwaitWhileAlive(text, patience, limit, false, result);
+}
+
+bool ATChannel::ExecBehind(std::string_view text, Milliseconds patience, Milliseconds limit,
+                           ATResult& result) {
+    return AwaitWhileAlive(text, patience, limit, true, result);
+}
+
+bool ATChannel::AwaitWhileAlive(std::string_view text, Milliseconds patience, Milliseconds limit, bool behind,
+                                ATResult& result) {
     result.lines.clear();
     result.status = ATResult::NotSent;
     const auto port = Port();
     if (!port) return false;
-    Begin(*port, text, false, false, result);
+    if (behind) {
+        // What is expected comes first: the read thread may still have a result in hand.
+        Arm(*port, text, false, false, result);
+        port->CommandActiveEvent().Set();
+    } else {
+        Begin(*port, text, false, false, result);
+    }
     port->ArrivedEvent().Reset();
     if (!port->Write(text)) return GiveUp(*port, ATResult::NotSent, result);
     const Milliseconds deadline = clock_.Now() + limit;

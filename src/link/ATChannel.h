@@ -49,6 +49,10 @@ public:
     /// whole takes `limit` at most.
     bool ExecWhileAlive(std::string_view text, Milliseconds patience, Milliseconds limit, ATResult& result);
 
+    /// The same behind an exchange that had its result, with nothing thrown away between the two: the
+    /// difference of their `finals` tells whether there were other results.
+    bool ExecBehind(std::string_view text, Milliseconds patience, Milliseconds limit, ATResult& result);
+
     /// Waits until nothing has come for a while, and throws away what comes. False if that takes longer than
     /// the limit.
     bool AwaitQuiet(Milliseconds quiet, Milliseconds limit);
@@ -75,6 +79,10 @@ private:
     std::shared_ptr<LinkPort> Port() const;
     static void Begin(LinkPort& port, std::string_view text, bool awaitPrompt, bool pduFollows,
                       const ATResult& result);
+    static void Arm(LinkPort& port, std::string_view text, bool awaitPrompt, bool pduFollows,
+                    const ATResult& result);
+    bool AwaitWhileAlive(std::string_view text, Milliseconds patience, Milliseconds limit, bool behind,
+                         ATResult& result);
     static void TakeResult(LinkPort& port, ATResult& result);
     static bool GiveUp(LinkPort& port, ATResult::Status status, ATResult& result);
     int AwaitAny(std::span<Event* const> events, Milliseconds timeout);

@@ -50,8 +50,8 @@ struct ATResult {
 
     // Given by it.
     int32_t status = Final;
-    int32_t passedOver = 0;  ///< final results
-    bool bodySent = false;   ///< of a command in two stages: the body went out, wholly or in part
+    uint32_t finals = 0;    ///< final results that the port has seen, with that of this exchange
+    bool bodySent = false;  ///< of a command in two stages: the body went out, wholly or in part
     std::vector<ATLine>
         lines;  ///< the lines of the awaited prefix in their order; the final result is the last
 

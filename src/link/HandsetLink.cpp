@@ -51,9 +51,11 @@ bool HandsetLink::SendRawCommand(std::string_view text, uint32_t timeoutMs, ATRe
     NoteNotSent(result);
     if (!sleeps_ && !GetInStep()) return false;
     const bool answered = channel_.Exec(text, Milliseconds(timeoutMs), pduFollows, result);
-    if (!answered) outOfStep_ = true;
-    if (!answered && result.status == ATResult::NoResult) Trace(fmt::format("[time out]{}\n", text));
-    return answered;
+    finals_ = result.finals;
+    if (answered) return IsOwn(result);
+    AwaitLateAnswer();
+    if (result.status == ATResult::NoResult) Trace(fmt::format("[time out]{}\n", text));
+    return false;
 }
 
 bool HandsetLink::ExecCheckOk(std::string_view text, uint32_t timeoutMs, ATResult& result,
@@ -75,8 +77,11 @@ bool HandsetLink::ExecTwoStage(std::string_view text, std::string_view body, uin
         const std::lock_guard guard(lock);
         if (EnsureSession() && EnterMode(false) && GetInStep()) {
             const Milliseconds timeout(timeoutSeconds * secondsToMs);
-            if (!channel_.ExecTwoStage(text, body, timeout, false, result)) {
-                outOfStep_ = true;
+            if (channel_.ExecTwoStage(text, body, timeout, false, result)) {
+                finals_ = result.finals;
+                IsOwn(result);
+            } else {
+                AwaitLateAnswer();
                 mayAwaitBody_ = true;
             }
         }
@@ -125,7 +130,11 @@ bool HandsetLink::SetChannelMode(bool fileMode) {
     if (channelMode == wanted) return true;
     ATResult ignored;
     const std::string text = fmt::format("AT+ESUO={}\r", wanted);
-    if (SendRawCommand(text, Patience(channelModeTimeout), ignored)) channelMode = wanted;  // whatever it was
+    // A refusal is taken for an accident once, and then for consent.
+    for (int i = 0; i < 2 && channelMode != wanted; ++i) {
+        if (!SendRawCommand(text, Patience(channelModeTimeout), ignored)) return true;
+        if (ignored.IsOk() || i == 1) channelMode = wanted;
+    }
     return true;
 }
 
@@ -150,9 +159,11 @@ int HandsetLink::OnStall() {
 
 /// No lock: the exchange that is to be freed holds it.
 void HandsetLink::StopTransfer(bool breakWait) {
+    // Nobody waits for its answer. The other thread may begin its next exchange at any moment of this.
+    AwaitLateAnswer();
     if (breakWait) channel_.Cancel();
     channel_.SendRaw("AT+EFSR\r");
-    outOfStep_ = true;  // nobody waits for its answer
+    AwaitLateAnswer();
     transferAborted = true;
 }
 

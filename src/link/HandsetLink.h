@@ -29,7 +29,8 @@ namespace tarnbridge {
 /// An exchange that ends without its final result leaves the link out of step: the answer may still come. No
 /// other command goes out before a probe has shown that what comes next is the answer to what is sent next;
 /// when none of three probes is answered the session is over, and the operation that was to begin fails with
-/// nothing sent.
+/// nothing sent. For 30 seconds each further exchange has a probe behind it, too: where that meets a final
+/// result too many, the exchange counts as unanswered, whatever it got.
 class HandsetLink {
 public:
     /// Time-out of ordinary commands. Operations read it and pass it on. Set it before the link is used.
@@ -116,12 +117,6 @@ public:
     /// Sets the channel mode to file transfer or normal. False if the handset has no such mode.
     bool SetChannelMode(bool fileMode);
 
-    /// Bytes of file data that one write may carry, 64 to 4,096; 64 if the handset doesn't say.
-    int32_t QueryChunkSize();
-
-    /// The message memories that the handset has. Doesn't ensure the session.
-    bool ListMessageMemories(std::vector<std::string>& names);
-
     /// Selects the character set of texts in commands. Sends nothing if it is the one last selected. Doesn't
     /// ensure the session.
     bool SelectCharset(const std::u16string& name);
@@ -187,16 +182,20 @@ private:
                     ATResult& result);
     bool EnterMode(bool fileMode);
     bool GetInStep();
-    bool Probe(int32_t& passedOver);
+    bool Probe(bool isNext);
     bool Handshake();
     void CallAttention();
     bool WakeUp();
     bool SetUp();
     void HandBack(bool allowSleep);
-    bool Step(const std::function<void()>& ask);
+    bool Step(const std::function<bool()>& ask);
     uint32_t Patience(uint32_t timeoutMs) const;
-    void ProbeMessageStore();
     bool LearnFeatures();
+    bool AskChunkSize();
+    bool AskStates();
+    bool AskMemories();
+    void AwaitLateAnswer();
+    bool IsOwn(ATResult& result);
     bool FilterLine(const ATLine& line);
     int OnStall();
     void EndSession();
@@ -214,11 +213,13 @@ private:
     int32_t channelMode = 0;
     // The handset may still say something that answers an earlier command. StopTransfer sets it without lock.
     std::atomic<bool> outOfStep_{false};
-    bool mayAwaitBody_ = false;  // the handset may take what is sent for the body of a message
-    int sessionsHeld_ = 0;       // by OneSession
-    bool isWoken_ = false;       // by the last handshake
-    bool sleeps_ = false;        // it may sleep: what it doesn't answer means nothing
+    std::atomic<Milliseconds> lateUntil_{Milliseconds::zero()};  // and until then it may; on the clock
+    bool mayAwaitBody_ = false;        // the handset may take what is sent for the body of a message
+    int sessionsHeld_ = 0;             // by OneSession
+    bool isWoken_ = false;             // by the last handshake
+    std::atomic<bool> sleeps_{false};  // it may sleep: what it doesn't answer means nothing
     size_t nextProbe_ = 0;
+    uint32_t finals_ = 0;        // of the last exchange
     Milliseconds roundTrip_{0};  // of the last probe
     HandsetFeatures features_;
     SessionState state_;

@@ -1,6 +1,8 @@
 // The session of a HandsetLink: the handshake, its end, and what is selected in it.
 
 #include <algorithm>
+#include <bit>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -19,6 +21,7 @@ constexpr uint32_t featureTimeout = 5000;
 constexpr uint32_t slowStepTimeout = 1000;
 constexpr Milliseconds quietTime{300};
 constexpr Milliseconds probePatience{1000};
+constexpr Milliseconds longestDelay{30'000};
 constexpr int probeTries = 3;
 constexpr std::string_view escape = "\x1B";
 
@@ -27,13 +30,23 @@ constexpr std::string_view escape = "\x1B";
 struct ProbeQuery {
     std::string_view text;
     const char* prefix;
+    bool inEachMode = true;  // it is known in the channel mode for files too
 };
-constexpr ProbeQuery probes[] = {{"AT+CMGF?\r", "+CMGF"}, {"AT+CSCS?\r", "+CSCS"}, {"AT+CMEE?\r", "+CMEE"}};
+constexpr ProbeQuery probes[] = {
+    {"AT+CMGF?\r", "+CMGF", false}, {"AT+CSCS?\r", "+CSCS"}, {"AT+CMEE?\r", "+CMEE"}};
+/// Memories of messages (3GPP TS 27.005 clause 3.1).
+constexpr std::string_view memoryNames[] = {"BM", "ME", "MT", "SM", "SR", "TA"};
 constexpr int32_t smallestChunk = 64;
 constexpr int32_t largestChunk = 4096;
 
 bool FirstFieldIs(const ATResult& result, std::string_view text) {
     return !result.lines.empty() && !result.lines[0].empty() && result.lines[0][0].IsText(text);
+}
+
+template <typename Names>
+bool Contains(const Names& names, std::string_view wanted) {
+    return std::any_of(std::begin(names), std::end(names),
+                       [&](std::string_view name) { return EqualIgnoringCase(name, wanted); });
 }
 
 /// The number of fields without the spare one that a line gets when it ends with a list.
@@ -109,8 +122,7 @@ bool HandsetLink::GetInStep() {
         if (mayAwaitBody_) channel_.SendRaw(escape);
         channel_.AwaitQuiet(quietTime, Milliseconds(commandTimeout));
         outOfStep_ = false;
-        int32_t ignored = 0;
-        if (Probe(ignored)) {
+        if (Probe(false)) {
             mayAwaitBody_ = false;
             return true;
         }
@@ -120,19 +132,40 @@ bool HandsetLink::GetInStep() {
     return false;
 }
 
-/// Whether a query got its own line; final results that were still under way are passed over and counted.
-bool HandsetLink::Probe(int32_t& passedOver) {
-    const ProbeQuery& query = probes[nextProbe_];
-    nextProbe_ = (nextProbe_ + 1) % std::size(probes);
+/// Whether a query got its own line. Final results that were still under way are passed over; or, if it is
+/// to be the next one behind that of the last exchange, they are one too many.
+bool HandsetLink::Probe(bool isNext) {
+    const auto turn = [&] { return probes[std::exchange(nextProbe_, (nextProbe_ + 1) % std::size(probes))]; };
+    ProbeQuery query = turn();
+    if (channelMode == fileChannel && !query.inEachMode) query = turn();
     ATResult result;
     result.prefix = query.prefix;
     result.needsLine = true;
     const Milliseconds start = clock_.Now();
     const Milliseconds limit(commandTimeout);
-    if (!channel_.ExecWhileAlive(query.text, std::min(probePatience, limit), limit, result)) return false;
+    const Milliseconds patience = std::min(probePatience, limit);
+    const bool answered = isNext ? channel_.ExecBehind(query.text, patience, limit, result)
+                                 : channel_.ExecWhileAlive(query.text, patience, limit, result);
+    if (!answered) return false;
     roundTrip_ = clock_.Now() - start;
-    passedOver = result.passedOver;
-    return true;
+    return std::exchange(finals_, result.finals) + 1 == result.finals || !isNext;
+}
+
+/// An earlier command may still be answered. Any thread.
+void HandsetLink::AwaitLateAnswer() {
+    outOfStep_ = true;
+    if (!sleeps_) lateUntil_ = clock_.Now() + longestDelay;
+}
+
+/// While an answer is still to come that was given up, any other may be that one. Then a probe behind the
+/// exchange gets a final result too many, and what came counts for nothing.
+bool HandsetLink::IsOwn(ATResult& result) {
+    if (sleeps_ || clock_.Now() >= lateUntil_.load()) return true;
+    if (Probe(true)) return true;
+    AwaitLateAnswer();
+    result.lines.clear();
+    result.status = ATResult::NoResult;
+    return false;
 }
 
 /// The time-out of a step: a handset behind a slow link gets more.
@@ -150,8 +183,7 @@ bool HandsetLink::Handshake() {
 
     // What the handset did not answer while it slept may be answered now, or never.
     sleeps_ = false;
-    int32_t late = 0;
-    if (!outOfStep_ && (!Probe(late) || late > 0)) outOfStep_ = true;
+    if (!outOfStep_ && !Probe(true)) outOfStep_ = true;
     if (!GetInStep()) return false;
     mayAwaitBody_ = false;
 
@@ -159,9 +191,7 @@ bool HandsetLink::Handshake() {
     // neighbour. The probe behind the steps sees that there was one too many: then nothing was learnt.
     for (int i = 0; i < 2; ++i) {
         if (!SetUp()) return false;
-        int32_t tooMany = 0;
-        const bool inStep = GetInStep() && Probe(tooMany);
-        if (inStep && tooMany == 0) return true;
+        if (GetInStep() && Probe(true)) return true;
         outOfStep_ = true;
     }
     return false;
@@ -192,14 +222,14 @@ bool HandsetLink::WakeUp() {
     return false;
 }
 
-/// Carries out a step whose answer matters, and once more if it had none. False if it had none then either.
-bool HandsetLink::Step(const std::function<void()>& ask) {
+/// Carries out a step whose answer matters, and once more if it had none, or if `ask` says that it wasn't
+/// what handsets say: an octet may have been lost on the wire. False if it had none then either.
+bool HandsetLink::Step(const std::function<bool()>& ask) {
     for (int i = 0; i < 2; ++i) {
         if (!GetInStep()) return false;
-        ask();
-        if (!outOfStep_) return true;
+        if (ask() && !outOfStep_) return true;
     }
-    return false;
+    return !outOfStep_;
 }
 
 bool HandsetLink::SetUp() {
@@ -211,32 +241,34 @@ bool HandsetLink::SetUp() {
     if (!known && !Step([&] {
             QueryChannelMode();
             SetChannelMode(true);
+            return true;
         }))
         return false;
     const bool transferEnded = Step([&] {
         result.Clear();
         if (EnterMode(true)) SendRawCommand("AT+EFSR\r", commandTimeout, result);
+        return true;
     });
-    if (!transferEnded || !Step([&] { SetChannelMode(false); })) return false;
+    if (!transferEnded || !Step([&] { return SetChannelMode(false), true; })) return false;
     clock_.Sleep(settleTime);
 
     if (!Step([&] {
             result.Clear();
-            SendRawCommand("ATE0\r", commandTimeout, result);
+            return SendRawCommand("ATE0\r", commandTimeout, result);
         }))
         return false;
     const bool asked = Step([&] {
         result.Clear();
         result.prefix = "+CMGF";
-        SendRawCommand("AT+CMGF=0\r", commandTimeout, result);
+        return SendRawCommand("AT+CMGF=0\r", commandTimeout, result);
     });
     if (!asked || !FirstFieldIs(result, "OK")) return false;
 
     ForgetSelections();
     features_ = HandsetFeatures();
-    if (!Step([&] { features_.hasPackedUcs2 = SelectCharset(u"UCS2_0x81"); })) return false;
+    if (!Step([&] { return features_.hasPackedUcs2 = SelectCharset(u"UCS2_0x81"), true; })) return false;
     bool selected = false;
-    if (!Step([&] { selected = SelectCharset(u"UCS2"); }) || !selected) return false;
+    if (!Step([&] { return selected = SelectCharset(u"UCS2"); }) || !selected) return false;
     if (!LearnFeatures()) return false;
     ForgetSelections();
     return true;
@@ -244,65 +276,70 @@ bool HandsetLink::SetUp() {
 
 /// False if the handset didn't answer; what it hasn't got is learnt, too.
 bool HandsetLink::LearnFeatures() {
-    ATResult result;
-    std::vector<std::string> memories;
-    const bool answered = Step([&] { features_.maxChunk = QueryChunkSize(); }) && Step([&] {
-                              result.Clear();
-                              features_.hasEfsCheck = EnterMode(true) &&
-                                                      SendRawCommand("AT+EFSC=?\r", featureTimeout, result) &&
-                                                      FirstFieldIs(result, "OK");
-                          }) &&
-                          Step([&] { ProbeMessageStore(); }) && Step([&] {
-                              result.Clear();
-                              features_.hasVCard =
-                                  ExecCheckOk("AT+EVCARD=?\r", commandTimeout, result, false);
-                          }) &&
-                          Step([&] { ListMessageMemories(memories); });
-    const auto has = [&](std::string_view name) {
-        return std::any_of(memories.begin(), memories.end(),
-                           [&](const std::string& memory) { return EqualIgnoringCase(memory, name); });
+    const auto hasEfsCheck = [&] {
+        ATResult result;
+        features_.hasEfsCheck = EnterMode(true) && SendRawCommand("AT+EFSC=?\r", featureTimeout, result) &&
+                                FirstFieldIs(result, "OK");
+        return true;
     };
-    features_.hasMeStore = has("ME");
-    features_.hasSimMemory = has("SM");
-    return answered;
+    const auto hasVCard = [&] {
+        ATResult result;
+        features_.hasVCard = ExecCheckOk("AT+EVCARD=?\r", commandTimeout, result, false);
+        return true;
+    };
+    return Step([&] { return AskChunkSize(); }) && Step(hasEfsCheck) && Step([&] { return AskStates(); }) &&
+           Step(hasVCard) && Step([&] { return AskMemories(); });
+}
+
+// The three queries whose answers say more than yes or no. True for the answers that handsets give.
+
+bool HandsetLink::AskChunkSize() {
+    features_.maxChunk = smallestChunk;
+    ATResult result;
+    result.prefix = "+EFSW";
+    if (!EnterMode(true) || !SendRawCommand("AT+EFSW?\r", featureTimeout, result)) return false;
+    if (!result.HasPrefix("+EFSW")) return !result.IsOk();
+    const int32_t size = result.GetNumber(0, 1);
+    if (result.lines[0].size() == 2) features_.maxChunk = std::clamp(size, smallestChunk, largestChunk);
+    return size == features_.maxChunk && std::has_single_bit(static_cast<uint32_t>(size));
 }
 
 /// The answer is the range of states in which messages can be stored, or the highest of them alone.
-void HandsetLink::ProbeMessageStore() {
+bool HandsetLink::AskStates() {
+    features_.hasStoreQuery = features_.canStoreReceived = false;
     ATResult result;
     result.prefix = "+CMGW";
-    if (!ExecCheckOk("AT+EQUERY=0\r", commandTimeout, result, false) || !result.HasPrefix("+CMGW")) return;
-    const ATLine& line = result.lines[0];
-    if (CountWithoutSpare(line) != 2) return;
-    const ATParam& states = line[1];
+    if (!ExecCheckOk("AT+EQUERY=0\r", commandTimeout, result, false)) return true;
+    if (!result.HasPrefix("+CMGW") || CountWithoutSpare(result.lines[0]) != 2) return false;
+    const ATParam& states = result.lines[0][1];
     features_.hasStoreQuery = states.type == ATParam::Range && states.rangeLow == 0 && states.rangeHigh == 3;
     features_.canStoreReceived =
         features_.hasStoreQuery || (states.type == ATParam::Number && states.number == 3);
+    return features_.canStoreReceived;
 }
 
-int32_t HandsetLink::QueryChunkSize() {
-    const std::lock_guard guard(lock);
-    ATResult result;
-    result.prefix = "+EFSW";
-    if (!EnterMode(true) || !SendRawCommand("AT+EFSW?\r", featureTimeout, result)) return smallestChunk;
-    if (result.lines[0].size() != 2) return smallestChunk;
-    return std::clamp(result.GetNumber(0, 1), smallestChunk, largestChunk);
-}
-
-bool HandsetLink::ListMessageMemories(std::vector<std::string>& names) {
-    names.clear();
+bool HandsetLink::AskMemories() {
+    features_.hasMeStore = features_.hasSimMemory = false;
     ATResult result;
     result.prefix = "+CPMS";
-    if (!ExecCheckOk("AT+CPMS=?\r", commandTimeout, result, false) || !result.HasPrefix("+CPMS"))
-        return false;
-    for (const ATParam& field : result.lines[0]) {
-        if (field.type != ATParam::List) continue;
-        for (const ATParam& item : field.items) {
-            if (item.type == ATParam::Text) names.push_back(item.text);
+    if (!ExecCheckOk("AT+CPMS=?\r", commandTimeout, result, false)) return true;
+    if (!result.HasPrefix("+CPMS")) return false;
+    // The memories to read from; then those to write to and to receive in, which are among them.
+    std::vector<std::string> readable;
+    bool isUsual = true;
+    const ATLine& line = result.lines[0];
+    for (size_t i = 1; i < CountWithoutSpare(line); ++i) {
+        isUsual = isUsual && line[i].type == ATParam::List;
+        const bool isFirst = readable.empty();
+        for (const ATParam& memory : line[i].items) {
+            isUsual =
+                isUsual && Contains(memoryNames, memory.text) && (isFirst || Contains(readable, memory.text));
+            if (isFirst) readable.push_back(memory.text);
         }
-        return true;
     }
-    return false;
+    features_.hasMeStore = Contains(readable, "ME");
+    features_.hasSimMemory = Contains(readable, "SM");
+    return isUsual && !readable.empty();
 }
 
 bool HandsetLink::SelectCharset(const std::u16string& name) {
@@ -324,9 +361,12 @@ bool HandsetLink::SelectCached(std::u16string& current, const std::u16string& na
 }
 
 void HandsetLink::HandBack(bool allowSleep) {
+    // Nobody looks at these answers, and once it may sleep the handset needn't answer any more.
+    const Milliseconds lateUntil = lateUntil_.exchange({});
     ATResult ignored;
     SendRawCommand("ATE1\r", commandTimeout, ignored);
     if (allowSleep) SendRawCommand("AT+ESLP=1\r", commandTimeout, ignored);
+    lateUntil_ = std::max(lateUntil, lateUntil_.load());
 }
 
 void HandsetLink::Disconnect(bool allowSleep) {

@@ -43,7 +43,6 @@ void LineReader::SetExpected(const ATResult& result) {
     collecting.prefix = result.prefix;
     collecting.needsLine = result.needsLine;
     collecting.allLines = result.allLines;
-    collecting.passedOver = 0;
 }
 
 void LineReader::SetLineFilter(LineFilter filter) {
@@ -60,7 +59,7 @@ void LineReader::FetchResult(ATResult& result) {
     const std::lock_guard guard(leaf_);
     result.prefix = collecting.prefix;
     result.status = collecting.status;
-    result.passedOver = collecting.passedOver;
+    result.finals = finals_;
     result.lines = std::move(collecting.lines);
     collecting.lines.clear();
 }
@@ -190,16 +189,14 @@ LineReader::LineUse LineReader::ParseLine() {
 }
 
 void LineReader::EndCommand() {
+    ++finals_;
     if (header_) {
         state_ = FrameState::CarriageReturn;
         EndPduWait(strangeLine_);
     }
     {
         const std::lock_guard guard(leaf_);
-        if (collecting.needsLine && collecting.lines.empty()) {
-            ++collecting.passedOver;
-            return;
-        }
+        if (collecting.needsLine && collecting.lines.empty()) return;
     }
     collecting.status = ATResult::Final;
     collecting.lines.push_back(std::move(line_.fields));

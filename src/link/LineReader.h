@@ -115,6 +115,7 @@ private:
     std::optional<ATLine> header_;   // a response line that waits for its PDU
     std::string strangeLine_;        // the first line after it that meant nothing
     std::span<const char> pending_;  // what Feed was given
+    uint32_t finals_ = 0;            // final results so far, whether anybody waited or not
 
     mutable std::mutex leaf_;  // what is expected and the two functions; nothing else is locked inside it
     ATResult collecting;
