@@ -242,51 +242,6 @@ TEST_F(ATChannelTest, AHurryCutsTheWaitUnderWayButNotThatForABody) {
     EXPECT_GE(body, 20s);
 }
 
-TEST_F(ATChannelTest, HangUpInEachKindOfExchangeAndComingBack) {
-    wire.Answer("AT\r", test::Lines({"OK"}));
-    wire.Answer("AT+CMGW=1\r", "\r\n> ");
-    wire.Answer("AT+CMGR=1\r", "\r\n+CMGR: 1,,20\r\n0791");
-    wire.SetOtherAnswer("");
-    const std::function<void()> exchanges[] = {
-        [&] { EXPECT_EQ(Exec("AT+SILENT\r", "", 50ms), "failed with status 1"); },
-        [&] {
-            ATResult result;
-            result.prefix = "+CMGR";
-            EXPECT_FALSE(channel.Exec("AT+CMGR=1\r", 50ms, true, result)) << "in the middle of a PDU line";
-        },
-        [&] {
-            ATResult result;
-            EXPECT_FALSE(channel.ExecTwoStage("AT+CMGS=1\r", "B\x1A", 50ms, false, result))
-                << "before the prompt";
-        },
-        [&] {
-            ATResult result;
-            EXPECT_FALSE(channel.ExecTwoStage("AT+CMGW=1\r", "B\x1A", 50ms, false, result))
-                << "after the prompt";
-        },
-    };
-    for (const auto& exchange : exchanges) {
-        Open();
-        EXPECT_EQ(Exec("AT\r"), "'OK'\n");
-        wire.ForgetWritten();
-        std::thread unplug([&] {
-            while (wire.Written().empty())
-                std::this_thread::yield();
-            std::this_thread::sleep_for(5ms);
-            wire.HangUp(true);
-        });
-        exchange();
-        unplug.join();
-        EXPECT_NE(Exec("AT\r", "", 50ms), "'OK'\n") << "a port that hung up stays dead";
-        channel.Close();
-        LinkKind kind{};
-        EXPECT_FALSE(channel.Open("COM1", 115200, FlowControl::None, {}, kind));
-        wire.HangUp(false);
-    }
-    Open();
-    EXPECT_EQ(Exec("AT\r"), "'OK'\n");
-}
-
 TEST(SerialPort, FlushOfAnEndlessStreamEnds) {
     test::FakeWire wire;
     wire.SetOtherAnswer("");

@@ -6,6 +6,7 @@
 #include "link/HandsetLink.h"
 #include "platform/Text.h"
 #include "support/FakeWire.h"
+#include "support/HandsetSession.h"
 #include "support/ManualClock.h"
 
 namespace tarnbridge {
@@ -325,69 +326,69 @@ TEST_F(HandsetLinkTest, StopTransferFreesTheExchangeThatHoldsTheLock) {
     EXPECT_TRUE(link.Ping());
 }
 
-TEST(HandsetLinkStall, SilenceOfFiveSecondsEndsATransfer) {
-    test::FakeWire wire;
-    test::AnswerHandshake(wire);
-    // Time passes only in the pauses and where this test moves it.
-    test::ManualClock clock;
-    HandsetLink link(clock, wire.Factory());
-    LinkKind kind{};
-    ASSERT_TRUE(link.Connect("COM1", kind));
-    ASSERT_TRUE(link.EnsureSession());
-    wire.Answer("AT+EFSR=\"X\"\r", "");
-    link.StartStallWatch();
-    std::atomic<bool> done{false};
-    std::thread passingTime([&] {
-        while (!done) {
-            clock.Advance(100ms);
-            std::this_thread::sleep_for(1ms);
+TEST(HandsetLinkStall, FiveSecondsAfterTheLastLineATransferEnds) {
+    test::HandsetSession session;
+    ASSERT_TRUE(session.link.EnsureSession());
+    session.handset.Script("AT+EFSR=\"X\"", "");
+    session.link.StartStallWatch();
+    const Milliseconds start = session.clock.Now();
+    std::thread transfer([&] {
+        for (int i = 0; i < 4; ++i) {
+            session.clock.Sleep(4s);
+            session.handset.Say(test::Lines({"+EFSR: \"AB\""}));
         }
     });
     ATResult result;
-    EXPECT_FALSE(link.ExecFile("AT+EFSR=\"X\"\r", 0, result));
-    EXPECT_TRUE(link.transferAborted);
-    link.StopStallWatch();
+    result.prefix = "+EFSR";
+    EXPECT_FALSE(session.link.ExecFile("AT+EFSR=\"X\"\r", 0, result));
+    EXPECT_EQ(session.clock.Now() - start, 21s);
+    transfer.join();
+    session.link.StopStallWatch();
+    EXPECT_TRUE(session.link.transferAborted);
     EXPECT_EQ(result.status, ATResult::NoResult);
-    EXPECT_TRUE(link.Ping());
-    done = true;
-    passingTime.join();
+    EXPECT_TRUE(session.link.Ping());
 }
 
-TEST(StallWatch, CountsKicksStopsAndStartsAgain) {
-    test::ManualClock clock;
+TEST(StallWatch, CountsFromTheLastKickStopsAndStartsAgain) {
+    test::VirtualTime clock;
     StallWatch watch(clock);
     EXPECT_FALSE(watch.Start({}));
     watch.Stop();
 
     std::atomic<int> stalls{0};
-    const auto steps = [&](int count) {
-        for (int i = 0; i < count; ++i) {
-            clock.AwaitWaiters(1);
-            clock.Advance(500ms);
-        }
-        clock.AwaitWaiters(1);
-    };
     ASSERT_TRUE(watch.Start([&] { return ++stalls; }));
     EXPECT_FALSE(watch.Start([] { return 0; })) << "it runs already";
-    steps(9);
+    for (int i = 0; i < 3; ++i) {
+        clock.Sleep(4900ms);
+        watch.Kick();
+    }
+    clock.Sleep(4900ms);
     EXPECT_EQ(stalls, 0);
-    steps(1);
+    clock.Sleep(200ms);
     EXPECT_EQ(stalls, 1);
-    steps(10);
+    clock.Sleep(5s);
     EXPECT_EQ(stalls, 2) << "a function that doesn't give 0 is called again after the same time";
     watch.Stop();
 
-    ASSERT_TRUE(watch.Start([&] {
-        ++stalls;
-        return 0;
-    }));
-    steps(9);
-    clock.Advance(500ms);
-    while (stalls < 3)
-        std::this_thread::yield();
-    watch.Stop();
+    ASSERT_TRUE(watch.Start([&] { return ++stalls, 0; }));
+    clock.Sleep(20s);
+    EXPECT_EQ(stalls, 3);
     EXPECT_TRUE(watch.Start([] { return 0; })) << "it ended by itself and starts again";
     watch.Stop();
+}
+
+/// What a handset is told depends on what it is, not on what the one before it was.
+TEST(HandsetLinkHandshake, BeginsAnewWithAnotherHandsetAndPausesForIt) {
+    test::HandsetSession session;
+    ASSERT_TRUE(session.link.EnsureSession());
+    EXPECT_EQ(session.handset.Count("AT+ESUO=3"), 3u);
+    session.handset.With(
+        [](simulator::HandsetContent& content) { return content.features.channelMode = -1; });
+    session.handset.ForgetCommands();
+    const Milliseconds start = session.clock.Now();
+    session.Reconnect();
+    EXPECT_EQ(session.handset.Count("AT+ESUO=3"), 0u);
+    EXPECT_GE(session.clock.Now() - start, 100ms) << "a transfer that was ended takes its time";
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <mutex>
 #include <vector>
 
@@ -41,18 +40,6 @@ private:
 class NoSleepClock : public SystemClock {
 public:
     void Sleep(Milliseconds) override {}
-};
-
-/// The system's clock, run faster for waits on what never comes: at speed 8 a wait of 40 ms takes 5. Sleeps
-/// are left out. What answers must be given speed 1, or a busy machine makes it late.
-class FastClock : public SystemClock {
-public:
-    void Sleep(Milliseconds) override {}
-    int WaitAny(std::span<Event* const> events, Milliseconds timeout) override {
-        return SystemClock::WaitAny(events, timeout == forever ? forever : timeout / speed.load());
-    }
-
-    std::atomic<int> speed{1};
 };
 
 }  // namespace tarnbridge::test
