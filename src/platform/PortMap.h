@@ -29,8 +29,9 @@ public:
     /// The device path that a number stands for, plugged in or not.
     std::optional<std::string> DeviceOf(int number) const;
 
-    /// The number of a device path, given now if the path has none yet. 0 if the path is empty.
-    int NumberOf(const std::string& device);
+    /// The number of a device path, given now if the path has none yet. 0 if the path is empty. A relative
+    /// path counts from the working folder, and however its folders are named it is kept as one path.
+    int NumberOf(const std::string& path);
 
     /// Whether a text is the name of a port by number, `COM7` or `\\.\COM7`; gives the number.
     static std::optional<int> ParseName(std::string_view name);

@@ -66,6 +66,8 @@ TEST_F(PortMapTest, TypedPathsCountWhileTheyAreThere) {
     const int typed = ports.NumberOf("/dev/null");
     const int gone = ports.NumberOf("/dev/does-not-exist");
     EXPECT_EQ(ports.NumberOf("/dev/null"), typed);
+    EXPECT_EQ(ports.NumberOf(fs::relative("/dev/null").string()), typed);
+    EXPECT_EQ(ports.NumberOf("/dev/../dev//./null"), typed);
     EXPECT_NE(gone, typed);
     EXPECT_EQ(ports.Enumerate(), std::vector<int>{typed});
 }

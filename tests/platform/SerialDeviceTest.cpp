@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
@@ -47,6 +48,17 @@ public:
         termios settings{};
         ::tcgetattr(master, &settings);
         return settings;
+    }
+    /// The kernel's own words, since those of <termios.h> know some rates only.
+    uint32_t Rate() const {
+        struct {
+            uint32_t flags[4];
+            uint8_t line, control[19];
+            uint32_t inputRate, outputRate;
+        } settings{};
+        EXPECT_EQ(::ioctl(master, _IOC(_IOC_READ, 'T', 0x2A, sizeof settings), &settings), 0);
+        EXPECT_EQ(settings.inputRate, settings.outputRate);
+        return settings.outputRate;
     }
 
     int master;
@@ -100,7 +112,6 @@ TEST_F(SerialDeviceTest, BytesPassUnchangedInBothDirections) {
 TEST_F(SerialDeviceTest, LineSettings) {
     ASSERT_TRUE(Open(pty.path, 921600, FlowControl::Software));
     termios settings = pty.Settings();
-    EXPECT_EQ(cfgetospeed(&settings), static_cast<speed_t>(B921600));
     EXPECT_EQ(settings.c_cflag & (CSIZE | PARENB | CSTOPB), static_cast<tcflag_t>(CS8));
     EXPECT_EQ(settings.c_iflag & (IXON | IXOFF), static_cast<tcflag_t>(IXON | IXOFF));
     EXPECT_EQ(settings.c_cc[VSTART], 17);
@@ -108,11 +119,16 @@ TEST_F(SerialDeviceTest, LineSettings) {
     device->Close();
     ASSERT_TRUE(Open(pty.path, 9600, FlowControl::Hardware));
     settings = pty.Settings();
-    EXPECT_EQ(cfgetospeed(&settings), static_cast<speed_t>(B9600));
     EXPECT_TRUE(settings.c_cflag & CRTSCTS);
     EXPECT_FALSE(settings.c_iflag & (IXON | IXOFF));
     device->Close();
-    EXPECT_FALSE(Open(pty.path, 12345));
+    for (const uint32_t rate : {110u, 9600u, 14400u, 56000u, 115200u, 128000u, 256000u, 921600u, 12345u}) {
+        ASSERT_TRUE(Open(pty.path, rate)) << rate;
+        EXPECT_EQ(pty.Rate(), rate);
+        device->Close();
+        EXPECT_EQ(pty.Rate(), 38400u) << "the rate of a fresh terminal is put back";
+    }
+    EXPECT_FALSE(Open(pty.path, 0));
     EXPECT_EQ(failure.fault, SerialOpenFault::UnsupportedRate);
     EXPECT_TRUE(Open(pty.path)) << "a failed open leaves nothing open";
 }

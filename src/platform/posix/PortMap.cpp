@@ -23,6 +23,15 @@ std::optional<int> ParseNumber(std::string_view digits) {
     return number;
 }
 
+/// One path for a device, from whatever folder it was named. The last name of it stays: a link to a device
+/// keeps its name when the device behind it changes.
+std::string AbsolutePath(const fs::path& path) {
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error).lexically_normal();
+    const fs::path folder = fs::weakly_canonical(absolute.parent_path(), error);
+    return error ? absolute.string() : (folder / absolute.filename()).string();
+}
+
 /// Whether there is hardware behind a built-in port; the kernel makes more of them than there are.
 bool HasHardware(const fs::path& root, const fs::path& device) {
     const auto type = ReadFile(root / "sys/class/tty" / device.filename() / "type", 64);
@@ -91,8 +100,9 @@ std::optional<std::string> PortMap::DeviceOf(int number) const {
     return TextToUtf8(*text);
 }
 
-int PortMap::NumberOf(const std::string& device) {
-    if (device.empty()) return 0;
+int PortMap::NumberOf(const std::string& path) {
+    if (path.empty()) return 0;
+    const std::string device = AbsolutePath(path);
     std::set<int> taken;
     for (const std::string& entry : store_.Entries(section)) {
         const auto number = ParseNumber(entry);

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <cerrno>
 #include <mutex>
-#include <optional>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -15,6 +14,7 @@
 
 #include "platform/PortMap.h"
 #include "platform/posix/FileDescriptor.h"
+#include "platform/posix/LineRate.h"
 #include "platform/posix/SerialDiagnosis.h"
 
 namespace tarnbridge {
@@ -23,18 +23,6 @@ namespace {
 constexpr Milliseconds writeLimit{2000};
 constexpr cc_t xonCharacter = 17;
 constexpr cc_t xoffCharacter = 19;
-
-std::optional<speed_t> SpeedOf(uint32_t baudRate) {
-    static constexpr std::pair<uint32_t, speed_t> speeds[] = {
-        {300, B300},       {600, B600},       {1200, B1200},     {2400, B2400},     {4800, B4800},
-        {9600, B9600},     {19200, B19200},   {38400, B38400},   {57600, B57600},   {115200, B115200},
-        {230400, B230400}, {460800, B460800}, {500000, B500000}, {576000, B576000}, {921600, B921600},
-    };
-    for (const auto& [rate, speed] : speeds) {
-        if (rate == baudRate) return speed;
-    }
-    return std::nullopt;
-}
 
 /// The kind by the name that the kernel gives to such devices.
 LinkKind KindOf(const std::string& path) {
@@ -95,13 +83,14 @@ bool PosixSerialDevice::Open(const SerialSettings& settings, SerialOpenFailure& 
     // The exclusive mode keeps out whoever isn't root, the lock whoever asks for one.
     if (::flock(port_.Get(), LOCK_EX | LOCK_NB) != 0) return fail("lock");
     if (::ioctl(port_.Get(), TIOCEXCL) != 0) return fail("lock");
-    if (!SpeedOf(settings.baudRate)) {
-        errno = EINVAL;
+    if (!Configure(settings)) return fail("configure");
+    if (!SetLineRate(port_.Get(), settings.baudRate)) {
+        const bool isRefused = errno == EINVAL;
+        ::tcsetattr(port_.Get(), TCSANOW, &before_);
         fail("set the rate of");
-        failure.fault = SerialOpenFault::UnsupportedRate;
+        if (isRefused) failure.fault = SerialOpenFault::UnsupportedRate;
         return false;
     }
-    if (!Configure(settings)) return fail("configure");
     kind_ = KindOf(path);
     hungUp_ = false;
     Purge();
@@ -122,8 +111,6 @@ bool PosixSerialDevice::Configure(const SerialSettings& settings) {
     }
     line.c_cc[VMIN] = 0;
     line.c_cc[VTIME] = 0;
-    const speed_t speed = *SpeedOf(settings.baudRate);
-    if (::cfsetispeed(&line, speed) != 0 || ::cfsetospeed(&line, speed) != 0) return false;
     if (::tcsetattr(port_.Get(), TCSANOW, &line) != 0) return false;
 
     // A pseudo-terminal has no modem lines, and a cable may leave them out.
