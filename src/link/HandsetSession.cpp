@@ -19,6 +19,7 @@ constexpr int wakeUpTries = 60;
 constexpr Milliseconds settleTime{100};
 constexpr uint32_t featureTimeout = 5000;
 constexpr uint32_t slowStepTimeout = 1000;
+constexpr uint32_t handBackTimeout = 1000;
 constexpr Milliseconds quietTime{300};
 constexpr Milliseconds probePatience{1000};
 constexpr Milliseconds longestDelay{30'000};
@@ -361,11 +362,13 @@ bool HandsetLink::SelectCached(std::u16string& current, const std::u16string& na
 }
 
 void HandsetLink::HandBack(bool allowSleep) {
-    // Nobody looks at these answers, and once it may sleep the handset needn't answer any more.
+    // Nobody looks at these answers, so a dead handset holds nobody long, and there is no probe behind them:
+    // once it may sleep the handset needn't answer any more.
+    if (!GetInStep()) return;
     const Milliseconds lateUntil = lateUntil_.exchange({});
     ATResult ignored;
-    SendRawCommand("ATE1\r", commandTimeout, ignored);
-    if (allowSleep) SendRawCommand("AT+ESLP=1\r", commandTimeout, ignored);
+    SendRawCommand("ATE1\r", handBackTimeout, ignored);
+    if (allowSleep) SendRawCommand("AT+ESLP=1\r", handBackTimeout, ignored);
     lateUntil_ = std::max(lateUntil, lateUntil_.load());
 }
 

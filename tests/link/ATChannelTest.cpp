@@ -86,11 +86,12 @@ TEST_F(ATChannelTest, AnOldResultNeverCounts) {
 
 TEST_F(ATChannelTest, SilenceEndsByTheTimeOutAndTheNextCommandWorks) {
     Open();
-    wire.Answer("AT\r", test::Lines({"OK"}));
-    for (const char* reply : {"", "\r\nO", "\r\nOK\r", "garbage without end", "\r\n+X: \"unterminated\r\n"}) {
+    wire.Answer("AT+Y\r", test::Lines({"+Y: 5", "OK"}));
+    for (const char* reply : {"", "\r\nO", "\r\nOK\r", "garbage without end", "\r\n+X: \"unterminated\r\n",
+                              "\r\nhalf a line", "\r\n+X: 1\r\n"}) {
         wire.Answer("AT+X\r", reply);
         EXPECT_EQ(Exec("AT+X\r", "+X", 20ms), "failed with status 1") << reply;
-        EXPECT_EQ(Exec("AT\r"), "'OK'\n") << "after " << reply;
+        EXPECT_EQ(Exec("AT+Y\r", "+Y"), "'+Y' 5\n'OK'\n") << "after " << reply;
     }
 }
 

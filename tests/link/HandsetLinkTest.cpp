@@ -349,6 +349,37 @@ TEST(HandsetLinkStall, FiveSecondsAfterTheLastLineATransferEnds) {
     EXPECT_TRUE(session.link.Ping());
 }
 
+TEST(HandsetLinkDead, ADeadHandsetHoldsNobodyLong) {
+    test::HandsetSession session;
+    HandsetLink& link = session.link;
+    const auto timed = [&](const std::function<void()>& call) {
+        const Milliseconds start = session.clock.Now();
+        call();
+        return session.clock.Now() - start;
+    };
+    ATResult result;
+    session.handset.SetFaults({"silent-after=0"});
+    EXPECT_LT(timed([&] { EXPECT_FALSE(link.EnsureSession()); }), 3600ms);
+    const std::function<void()> dies = [&] {
+        session.handset.SetFaults({});
+        session.Reconnect();
+        session.handset.SetFaults({"silent-after=0"});
+    };
+    dies();
+    EXPECT_LE(timed([&] { EXPECT_FALSE(link.ExecCommand("AT+CMGR=1\r", 5000, true, result)); }), 5s);
+    EXPECT_LT(timed([&] { EXPECT_FALSE(link.Ping()); }), 4s) << "the probes tell it";
+    EXPECT_EQ(timed([&] { link.Disconnect(true); }), 0s);
+    EXPECT_TRUE(session.Connect());
+    dies();
+    EXPECT_LE(timed([&] { EXPECT_FALSE(link.Ping()); }), 5s);
+    dies();
+    EXPECT_LT(timed([&] { link.Disconnect(true); }), 5s);
+    EXPECT_TRUE(session.Connect());
+    dies();
+    EXPECT_FALSE(link.ExecCommand("AT+CMGR=1\r", 5000, true, result));
+    EXPECT_LT(timed([&] { link.Disconnect(true); }), 4s);
+}
+
 TEST(StallWatch, CountsFromTheLastKickStopsAndStartsAgain) {
     test::VirtualTime clock;
     StallWatch watch(clock);
@@ -382,6 +413,10 @@ TEST(HandsetLinkHandshake, BeginsAnewWithAnotherHandsetAndPausesForIt) {
     test::HandsetSession session;
     ASSERT_TRUE(session.link.EnsureSession());
     EXPECT_EQ(session.handset.Count("AT+ESUO=3"), 3u);
+    session.handset.SetFaults({"lost=+ESUO=4,times=1"});
+    session.handset.ForgetCommands();
+    session.Reconnect();
+    EXPECT_EQ(session.handset.Count("AT+ESUO=3"), 3u) << "the mode that it stands in is unknown";
     session.handset.With(
         [](simulator::HandsetContent& content) { return content.features.channelMode = -1; });
     session.handset.ForgetCommands();
