@@ -201,7 +201,8 @@ TEST_F(LinkCampaign, EachKindOfExchangeIsBrokenOff) {
             for (const Milliseconds moment : {0ms, 1ms, 1000ms, 2999ms, 3000ms, 3001ms}) {
                 const auto what = fmt::format("{} at {} after {} ms", name, exchange.place, moment.count());
                 EXPECT_TRUE(session.Connect() && link.EnsureSession());
-                handset.SetFaults({fmt::format("late={}:3000,times=1", exchange.place)});
+                handset.SetFaults(
+                    {fmt::format("late={}:3000,times=1", exchange.place), "late=+EFSR:400,times=1"});
                 std::thread user([&] {
                     session.clock.Sleep(moment);
                     act();
