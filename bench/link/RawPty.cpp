@@ -73,7 +73,7 @@ void RawPty::OpenNear() {
 
 bool RawPty::Exchange(std::string_view text, size_t replySize) {
     if (!WriteAll(near_, text)) return false;
-    std::array<char, 65536> buffer;
+    std::array<char, 4096> buffer;
     for (size_t received = 0; received < replySize;) {
         pollfd readable{near_, POLLIN, 0};
         ::poll(&readable, 1, -1);

@@ -25,9 +25,7 @@ protected:
         });
         EXPECT_TRUE(link.EnsureSession());
         clean = Features();
-        handset.ForgetCommands();
-        session.Reconnect();
-        handshakeLength = handset.Commands().size() - 2;
+        handshake = handset.Commands();
         link.Disconnect(true);
     }
 
@@ -108,7 +106,7 @@ protected:
     test::SimulatedPhone& handset = session.handset;
     std::map<int, std::string> pdus;
     std::string clean;
-    size_t handshakeLength = 0;
+    std::vector<std::string> handshake;
     int tried = 0;
 };
 
@@ -117,8 +115,12 @@ TEST_F(LinkCampaign, HandshakeWithOneFaultAtEachCommand) {
          {"late=30", "late=60", "late=400", "late=1500", "late=5500", "late=9000", "overtaken=30",
           "overtaken=60", "overtaken=400", "overtaken=1500", "overtaken=5500", "overtaken=9000", "lost",
           "unheard", "doubled", "refuse", "lose-octet=1", "lose-octet=4", "alter-octet=4"}) {
-        for (size_t n = 0; n < handshakeLength; ++n)
-            Try({fmt::format("{},after={},times=1", fault, n)}, std::string_view(fault) == "refuse" ? 2 : 0);
+        for (size_t n = 0; n < handshake.size(); ++n) {
+            // A handset may refuse what is asked about its features, and then hasn't got up to two of them.
+            const bool mayRefuse = fault == std::string_view("refuse") && handshake[n] != "AT+ESUO?" &&
+                                   handshake[n].find_first_of("?xQ") != std::string::npos;
+            Try({fmt::format("{},after={},times=1", fault, n)}, mayRefuse ? 2 : 0);
+        }
     }
     for (const char* query : {"+ESUO?", "+EFSW", "+EQUERY", "+CPMS"}) {
         for (int octet = 1; octet < 30; ++octet) {
