@@ -184,7 +184,11 @@ TEST_F(LinkCampaign, EachKindOfExchangeIsLate) {
                 EXPECT_EQ(exchange.run(link),
                           delay < 5000 && !std::string_view(exchange.place).starts_with("+CMGW"))
                     << specification;
+                const unsigned number = link.SessionNumber();
                 ExpectRight(specification, 0, 20);
+                if (delay < 6000) {
+                    EXPECT_EQ(link.SessionNumber(), number) << specification << ": the session stands";
+                }
                 EndTry();
             }
         }

@@ -213,6 +213,7 @@ TEST_F(TerminalDialogue, APulledPlugEndsEveryWait) {
             EXPECT_FALSE(link.ExecTwoStage(command + "\r", "00\x1A", 0, result)) << command;
         }
         other.join();
+        EXPECT_FALSE(link.EnsureSession());
         link.Disconnect(false);
         handset.Plug();
     }
