@@ -117,7 +117,7 @@ bool HandsetLink::QueryChannelMode() {
     const std::lock_guard guard(lock);
     ATResult result;
     result.prefix = "+ESUO";
-    SendRawCommand("AT+ESUO?\r", Patience(channelModeTimeout), result);
+    SendRawCommand("AT+ESUO?\r", channelModeTimeout, result);
     if (!result.HasPrefix("+ESUO")) return false;
     channelMode = result.GetNumber(0, 1);
     return true;
@@ -132,7 +132,7 @@ bool HandsetLink::SetChannelMode(bool fileMode) {
     const std::string text = fmt::format("AT+ESUO={}\r", wanted);
     // A refusal is taken for an accident once, and then for consent.
     for (int i = 0; i < 2 && channelMode != wanted; ++i) {
-        if (!SendRawCommand(text, Patience(channelModeTimeout), ignored)) return true;
+        if (!SendRawCommand(text, channelModeTimeout, ignored)) return true;
         if (ignored.IsOk() || i == 1) channelMode = wanted;
     }
     return true;

@@ -189,7 +189,6 @@ private:
     bool SetUp();
     void HandBack(bool allowSleep);
     bool Step(const std::function<bool()>& ask);
-    uint32_t Patience(uint32_t timeoutMs) const;
     bool LearnFeatures();
     bool AskChunkSize();
     bool AskStates();
@@ -219,8 +218,7 @@ private:
     bool isWoken_ = false;             // by the last handshake
     std::atomic<bool> sleeps_{false};  // it may sleep: what it doesn't answer means nothing
     size_t nextProbe_ = 0;
-    uint32_t finals_ = 0;        // of the last exchange
-    Milliseconds roundTrip_{0};  // of the last probe
+    uint32_t finals_ = 0;  // of the last exchange
     HandsetFeatures features_;
     SessionState state_;
     std::mutex listingMutex_;  // the callback alone

@@ -18,7 +18,6 @@ constexpr Milliseconds longestWakeUp{200};
 constexpr int wakeUpTries = 60;
 constexpr Milliseconds settleTime{100};
 constexpr uint32_t featureTimeout = 5000;
-constexpr uint32_t slowStepTimeout = 1000;
 constexpr uint32_t handBackTimeout = 1000;
 constexpr Milliseconds quietTime{300};
 constexpr Milliseconds probePatience{1000};
@@ -142,13 +141,11 @@ bool HandsetLink::Probe(bool isNext) {
     ATResult result;
     result.prefix = query.prefix;
     result.needsLine = true;
-    const Milliseconds start = clock_.Now();
     const Milliseconds limit(commandTimeout);
     const Milliseconds patience = std::min(probePatience, limit);
     const bool answered = isNext ? channel_.ExecBehind(query.text, patience, limit, result)
                                  : channel_.ExecWhileAlive(query.text, patience, limit, result);
     if (!answered) return false;
-    roundTrip_ = clock_.Now() - start;
     return std::exchange(finals_, result.finals) + 1 == result.finals || !isNext;
 }
 
@@ -169,15 +166,8 @@ bool HandsetLink::IsOwn(ATResult& result) {
     return false;
 }
 
-/// The time-out of a step: a handset behind a slow link gets more.
-uint32_t HandsetLink::Patience(uint32_t timeoutMs) const {
-    const bool slow = roundTrip_ > Milliseconds(timeoutMs / 4);
-    return slow ? std::max(timeoutMs, slowStepTimeout) : timeoutMs;
-}
-
 /// Nothing in here may call an operation that ensures the session.
 bool HandsetLink::Handshake() {
-    roundTrip_ = Milliseconds::zero();
     CallAttention();
     isWoken_ = WakeUp();
     if (!isWoken_) return false;
