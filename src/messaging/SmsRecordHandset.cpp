@@ -195,7 +195,7 @@ int SmsRecord::WritePdu(HandsetLink& link, int& error) {
     const int location = done && result.HasPrefix("+CMGW") ? result.GetNumber(0, 1) : -1;
     if (location >= 0) handsetPdus.assign(1, std::move(body));
     if (!done) error = result.ErrorNumber();
-    unconfirmed = result.bodySent && result.status != ATResult::Final;
+    unconfirmed = result.bodySent && location < 0 && (done || result.status != ATResult::Final);
     return location;
 }
 

@@ -263,7 +263,10 @@ void Campaign::RunOne(const Workflow& workflow, const Trouble& trouble, size_t p
     const MessageDownload::Report all = program->Read(lost);
     EXPECT_TRUE(!lost && all.unread.empty() && all.refused.empty() && all.missing == 0);
     Judge(workflow, report, Count(program->tree));
-    if (!killed && workflow.work != Work::OtherMemory) {
+    // Nobody can notice that a digit was altered on the wire: then it is another message until the next
+    // reading.
+    const bool altered = fault.starts_with("alter-octet");
+    if (!killed && !altered && workflow.work != Work::OtherMemory) {
         const SmsRecord* const unread = Find(program->tree.OnHandset(inboxPlace), 'u');
         EXPECT_TRUE(unread != nullptr && unread->status == smsUnread) << "nobody has opened it";
     }

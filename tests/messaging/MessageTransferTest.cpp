@@ -1,4 +1,3 @@
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "messaging/MessageRemoval.h"
@@ -143,62 +142,6 @@ TEST_F(Transfer, APartThatStaysOnTheHandsetIsNamedThoughTheRestWorked) {
     EXPECT_EQ(handsetInbox.records.at(0)->handsetIndices, std::vector<int>{22});
     EXPECT_EQ(handsetDraft.records.size(), 1u);
     EXPECT_FALSE(outcomes[0].keptInDraft) << "the message itself is whole";
-}
-
-/// Whatever goes away whenever it does: the message is whole on the disk, or whole on the handset, and what
-/// the handset holds of it beside that is named.
-TEST_F(Transfer, AtEveryStepNothingIsLostAndWhatIsLeftIsNamed) {
-    const std::u16string text(400, u'x');  // three parts
-    const std::string stored(400, 'x');
-    const auto has = [&](const MessageFolder& folder) {
-        const Strings texts = MessageTask::Texts(folder);
-        return std::count(texts.begin(), texts.end(), stored) != 0;
-    };
-    enum Way { ToPc, ToHandset, OnHandset, OtherMemory };
-    link.commandTimeout = 60;
-    for (const Way way : {ToPc, ToHandset, OnHandset, OtherMemory}) {
-        for (const char* const fault : {"unplug-after={}", "silent-after={}", "error=+CMG:302,after={}"}) {
-            const bool slow = std::string_view(fault).starts_with("silent");  // each step waits for time-outs
-            if (slow && way != ToHandset && way != OnHandset) continue;
-            bool finished = false;
-            for (int step = 0; !finished; step += slow ? 3 : 1) {
-                session.handset.Plug();
-                session.handset.SetFaults({});
-                session.handset.With([](simulator::HandsetContent& content) {
-                    content.simMessages.items.clear();
-                    content.phoneMessages.items.clear();
-                    return 0;
-                });
-                session.Reconnect();
-                for (MessageFolder* const folder : {&inbox, &draft, &handsetInbox, &handsetDraft})
-                    folder->RemoveRecords();
-                SmsRecord& record = way == ToHandset ? Put(inbox, text) : PutOnHandset(text, smsRead);
-                MessageFolder& from = way == ToHandset ? inbox : handsetInbox;
-                session.handset.SetFaults({fmt::format(fmt::runtime(fault), step)});
-                finished = Run(from, {&record}, way == ToPc ? inbox : handsetDraft, true,
-                               way == OtherMemory ? u"SM" : u"ME");
-                const std::string where = fmt::format("way {} {} {}", static_cast<int>(way), fault, step);
-
-                const size_t onHandset =
-                    session.handset.Locations("SM").size() + session.handset.Locations("ME").size();
-                const bool onPc = has(inbox) || has(draft);
-                const bool onSim = session.handset.Locations("SM").size() == 3;
-                EXPECT_TRUE(onPc || onSim || session.handset.Locations("ME").size() == 3) << where;
-                size_t mirrored = 0;
-                for (MessageFolder* const folder : {&handsetInbox, &handsetDraft}) {
-                    for (const auto& own : folder->records)
-                        mirrored += own->handsetIndices.size();
-                }
-                if (way == ToHandset) {
-                    EXPECT_EQ(onHandset, mirrored + outcomes[0].leftBehind.size()) << where;
-                } else if (way != OtherMemory) {
-                    EXPECT_LE(onHandset, std::max(mirrored, outcomes[0].leftBehind.size())) << where;
-                }
-                EXPECT_EQ(has(draft), outcomes[0].keptInDraft) << where;
-                ASSERT_LT(step, 60) << where;
-            }
-        }
-    }
 }
 
 TEST_F(Transfer, DeletingGoesToTheTrashFirstAndIsForGoodThere) {

@@ -259,6 +259,7 @@ TEST(MessagePrintingTest, KeepsMessagesWholeAndCutsOnlyWhatFitsOnNoPage) {
     const auto pages = [](int count, size_t length) {
         SmsRecord record;
         record.dcs = 8;
+        record.timestamp = SmsTimestamp::FromLocal({.year = 2007, .month = 3, .day = 14});
         record.text16.assign(length, u'x');
         for (size_t i = 40; i < length; i += 40)
             record.text16[i] = u'\n';
