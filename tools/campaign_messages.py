@@ -149,20 +149,21 @@ def count_pc(messages, divided=False):
 
 def sent_bodies(logs):
     """Each body that was given after AT+CMGS: receiver, name, part, and whether the handset said that it went."""
-    sent, pending, expected = [], None, False
+    sent, pending, expected, reply = [], None, False, ""
     for log in logs:
         with open(log, encoding="ascii") as file:
             for line in file:
                 who, content = line[9], line[11:].rstrip("\n")
                 if who == ">":
                     body = re.search(r"([0-9A-F]+)<1A>", content)
-                    pending = None
+                    pending, reply = None, ""
                     if body and expected:
                         # The service centre stands in front.
                         number, text, part = read_pdu(body.group(1))
                         pending = [number, name_of(text), part[2], part[1], False]
                         sent.append(pending)
                     expected = "AT+CMGS=" in content
-                elif pending and "+CMGS:" in content:
-                    pending[4] = True
+                elif pending:
+                    reply += content  # it may come in pieces
+                    pending[4] = "+CMGS:" in reply
     return sent
