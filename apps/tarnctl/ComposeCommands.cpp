@@ -147,11 +147,14 @@ ExitCode SendAll(MessageDesk& desk, const std::vector<MessageSending::Waiting>& 
         if (json) {
             Json row = {{"number", item.number}, {"result", tried ? (sent ? "sent" : "failed") : "notSent"}};
             if (outcome.error >= 0) row["error"] = outcome.error;
+            if (outcome.unconfirmed) row["unconfirmed"] = true;
             PrintRecord(row);
         } else {
             PrintLine(fmt::format("{:<20} {}{}", item.number, result,
                                   outcome.error >= 0 ? fmt::format(" (error {})", outcome.error) : ""));
         }
+        if (outcome.unconfirmed)
+            PrintWords(fmt::format("{}: {}", item.number, TextToUtf8(Words(Word::MayBeSent))));
         if (item.number.empty()) PrintWords(TextToUtf8(Words(Word::NoRecipient)));
     }
     if (sending.LostHandset()) PrintWords(TextToUtf8(Words(Word::HandsetLost)));

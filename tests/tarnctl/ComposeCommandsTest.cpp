@@ -96,6 +96,7 @@ TEST_F(ComposeCommands, ASecondCancelBreaksOffWhatHangs) {
     }
     EXPECT_EQ(code, 1);
     EXPECT_EQ(Results(), (Strings{"failed", "notSent", "notSent", "notSent"}));
+    EXPECT_TRUE(Records(*ReadFile(rowFile))[0].value("unconfirmed", false));
     EXPECT_EQ(Texts(List("pc/Outbox"), "address"), Strings{"1,2,3,4"});
 }
 
