@@ -208,6 +208,8 @@ bool HandsetLink::WakeUp() {
         const Milliseconds start = clock_.Now();
         ATResult result;
         if (SendRawCommand("AT+ESLP=0\r", wakeUpTimeout, result) && FirstFieldIs(result, "OK")) return true;
+        // What was broken off may have been heard. Nothing is waited for: it may be dead as well.
+        if (channel_.IsHurried()) channel_.SendRaw("AT+ESLP=1\r");
         if (clock_.Now() - start > longestWakeUp) return false;
     }
     return false;

@@ -426,5 +426,18 @@ TEST(HandsetLinkHandshake, BeginsAnewWithAnotherHandsetAndPausesForIt) {
     EXPECT_GE(session.clock.Now() - start, 100ms) << "a transfer that was ended takes its time";
 }
 
+TEST(HandsetLinkHandshake, AWakeUpWhoseAnswerWasNotAwaitedIsUndone) {
+    test::HandsetSession session;
+    session.link.Disconnect(true);
+    session.handset.SetFaults({"lost=+ESLP=0"});
+    session.handset.OnCommand([&](simulator::HandsetLine&, const std::string& command) {
+        if (command == "AT+ESLP=0") session.link.SetHurried(true);
+    });
+    EXPECT_TRUE(session.Connect());
+    EXPECT_FALSE(session.link.EnsureSession());
+    session.clock.Sleep(10ms);
+    EXPECT_EQ(session.handset.Commands().back(), "AT+ESLP=1");
+}
+
 }  // namespace
 }  // namespace tarnbridge
