@@ -116,7 +116,7 @@ TEST_F(Closing, DoesntWaitUntilASendingIsRead) {
 
 TEST_F(Closing, EndsASendingToAHandsetThatHasGone) {
     OpenWithDraft();
-    handset.SetFaults({"delay=300"});
+    handset.SetFaults({"unheard=+CMGS"});
     CloseWhen(
         [this] {
             if (!IsOpen("sending")) return false;
