@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 #include <functional>
@@ -182,7 +183,8 @@ private:
                     ATResult& result);
     bool EnterMode(bool fileMode);
     bool GetInStep();
-    bool Probe(bool isNext);
+    bool Probe(bool behind);
+    bool NothingElseCame();
     bool Handshake();
     void CallAttention();
     bool WakeUp();
@@ -218,7 +220,9 @@ private:
     bool isWoken_ = false;             // by the last handshake
     std::atomic<bool> sleeps_{false};  // it may sleep: what it doesn't answer means nothing
     size_t nextProbe_ = 0;
-    uint32_t finals_ = 0;  // of the last exchange
+    size_t lastProbe_ = 0;
+    std::array<bool, 3> refusedProbes_{};  // by the handset of this session
+    uint32_t finals_ = 0;                  // of the last exchange
     HandsetFeatures features_;
     SessionState state_;
     std::mutex listingMutex_;  // the callback alone

@@ -32,8 +32,8 @@ struct ProbeQuery {
     const char* prefix;
     bool inEachMode = true;  // it is known in the channel mode for files too
 };
-constexpr ProbeQuery probes[] = {
-    {"AT+CMGF?\r", "+CMGF", false}, {"AT+CSCS?\r", "+CSCS"}, {"AT+CMEE?\r", "+CMEE"}};
+constexpr std::array<ProbeQuery, 3> probes{
+    {{"AT+CMGF?\r", "+CMGF", false}, {"AT+CSCS?\r", "+CSCS"}, {"AT+CMEE?\r", "+CMEE"}}};
 /// Memories of messages (3GPP TS 27.005 clause 3.1).
 constexpr std::string_view memoryNames[] = {"BM", "ME", "MT", "SM", "SR", "TA"};
 constexpr int32_t smallestChunk = 64;
@@ -132,21 +132,39 @@ bool HandsetLink::GetInStep() {
     return false;
 }
 
-/// Whether a query got its own line. Final results that were still under way are passed over; or, if it is
-/// to be the next one behind that of the last exchange, they are one too many.
-bool HandsetLink::Probe(bool isNext) {
-    const auto turn = [&] { return probes[std::exchange(nextProbe_, (nextProbe_ + 1) % std::size(probes))]; };
-    ProbeQuery query = turn();
-    if (channelMode == fileChannel && !query.inEachMode) query = turn();
+/// Whether a query got its own line. Final results that were still under way are passed over and counted;
+/// `behind` an exchange nothing is thrown away before.
+bool HandsetLink::Probe(bool behind) {
+    const auto isUsable = [&](size_t i) {
+        return !refusedProbes_[i] && (probes[i].inEachMode || channelMode != fileChannel);
+    };
+    for (size_t i = 0; i < std::size(probes) && !isUsable(nextProbe_); ++i)
+        nextProbe_ = (nextProbe_ + 1) % std::size(probes);
+    lastProbe_ = std::exchange(nextProbe_, (nextProbe_ + 1) % std::size(probes));
     ATResult result;
-    result.prefix = query.prefix;
+    result.prefix = probes[lastProbe_].prefix;
     result.needsLine = true;
     const Milliseconds limit(commandTimeout);
     const Milliseconds patience = std::min(probePatience, limit);
-    const bool answered = isNext ? channel_.ExecBehind(query.text, patience, limit, result)
-                                 : channel_.ExecWhileAlive(query.text, patience, limit, result);
-    if (!answered) return false;
-    return std::exchange(finals_, result.finals) + 1 == result.finals || !isNext;
+    const std::string_view text = probes[lastProbe_].text;
+    const bool answered = behind ? channel_.ExecBehind(text, patience, limit, result)
+                                 : channel_.ExecWhileAlive(text, patience, limit, result);
+    if (answered) finals_ = result.finals;
+    return answered;
+}
+
+/// Whether the handset has given no more results since the last exchange than it was asked for. A probe
+/// without a line may be one that it refuses: then another decides, and that one isn't used again.
+bool HandsetLink::NothingElseCame() {
+    const uint32_t before = finals_;
+    for (uint32_t asked = 1; asked <= 2; ++asked) {
+        const size_t former = lastProbe_;
+        if (!Probe(true)) continue;
+        const uint32_t came = finals_ - before;
+        if (asked == 2 && came == 2) refusedProbes_[former] = true;
+        return came <= asked;
+    }
+    return false;
 }
 
 /// An earlier command may still be answered. Any thread.
@@ -159,7 +177,7 @@ void HandsetLink::AwaitLateAnswer() {
 /// exchange gets a final result too many, and what came counts for nothing.
 bool HandsetLink::IsOwn(ATResult& result) {
     if (sleeps_ || clock_.Now() >= lateUntil_.load()) return true;
-    if (Probe(true)) return true;
+    if (NothingElseCame()) return true;
     AwaitLateAnswer();
     result.lines.clear();
     result.status = ATResult::NoResult;
@@ -174,7 +192,7 @@ bool HandsetLink::Handshake() {
 
     // What the handset did not answer while it slept may be answered now, or never.
     sleeps_ = false;
-    if (!outOfStep_ && !Probe(true)) outOfStep_ = true;
+    if (!outOfStep_ && !NothingElseCame()) outOfStep_ = true;
     if (!GetInStep()) return false;
     mayAwaitBody_ = false;
 
@@ -182,7 +200,7 @@ bool HandsetLink::Handshake() {
     // neighbour. The probe behind the steps sees that there was one too many: then nothing was learnt.
     for (int i = 0; i < 2; ++i) {
         if (!SetUp()) return false;
-        if (GetInStep() && Probe(true)) return true;
+        if (GetInStep() && NothingElseCame()) return true;
         outOfStep_ = true;
     }
     return false;
@@ -193,6 +211,7 @@ void HandsetLink::CallAttention() {
     sleeps_ = true;
     outOfStep_ = false;
     mayAwaitBody_ = true;
+    refusedProbes_ = {};
     channel_.SendRaw(escape);
     channelMode = 0;
     QueryChannelMode();

@@ -214,6 +214,7 @@ private:
     void TakeTextFromEms();
     bool WritePlain(HandsetLink& link, std::u16string_view to, int& error);
     bool WriteEms(HandsetLink& link, std::u16string_view to, int& error);
+    bool PutPart(HandsetLink& link, SmsRecord& part, std::vector<std::string>& pdus, int& error);
     void GiveUpWrite(HandsetLink& link, std::u16string_view from);
     bool StandsAsKnown(HandsetLink& link, int& error);
     Payload TakePayload(const CodePage& page);

@@ -211,18 +211,22 @@ bool SmsRecord::Write(HandsetLink& link, std::u16string_view to, int& error) {
     return emsMessage ? WriteEms(link, to, error) : WritePlain(link, to, error);
 }
 
+/// Writes a part, which may be this record itself, and notes where it lies.
+bool SmsRecord::PutPart(HandsetLink& link, SmsRecord& part, std::vector<std::string>& pdus, int& error) {
+    const int location = part.WritePdu(link, error);
+    unconfirmed = part.unconfirmed;
+    if (location < 0) return false;
+    handsetIndices.push_back(location);
+    pdus.push_back(part.handsetPdus.front());
+    return true;
+}
+
 bool SmsRecord::WritePlain(HandsetLink& link, std::u16string_view to, int& error) {
     if (!SelectMessageMemory(link, u"MT") && !SelectMessageMemory(link, to)) return false;
     handsetIndices.clear();
     std::vector<std::string> pdus;
-    const bool done = ForEachPlainPart(*this, [&](SmsRecord& part) {
-        const int location = part.WritePdu(link, error);
-        unconfirmed = part.unconfirmed;
-        if (location < 0) return false;
-        handsetIndices.push_back(location);
-        pdus.push_back(part.handsetPdus.front());
-        return true;
-    });
+    const bool done =
+        ForEachPlainPart(*this, [&](SmsRecord& part) { return PutPart(link, part, pdus, error); });
     handsetPdus = std::move(pdus);
     if (!done) {
         GiveUpWrite(link, to);
@@ -247,14 +251,8 @@ bool SmsRecord::WriteEms(HandsetLink& link, std::u16string_view to, int& error) 
     if (!SelectMessageMemory(link, memory)) return false;
     handsetIndices.clear();
     std::vector<std::string> pdus;
-    const bool done = ForEachSegment(*this, [&](SmsRecord& part) {
-        const int location = part.WritePdu(link, error);
-        unconfirmed = part.unconfirmed;
-        if (location < 0) return false;
-        handsetIndices.push_back(location);
-        pdus.push_back(part.handsetPdus.front());
-        return true;
-    });
+    const bool done =
+        ForEachSegment(*this, [&](SmsRecord& part) { return PutPart(link, part, pdus, error); });
     handsetPdus = std::move(pdus);
     if (!done) {
         GiveUpWrite(link, memory);

@@ -223,6 +223,22 @@ TEST_F(LinkCampaign, EachKindOfExchangeIsBrokenOff) {
     }
 }
 
+/// A handset need not know each query that the link probes with. One time-out must not spoil what follows.
+TEST_F(LinkCampaign, AHandsetRefusesAProbe) {
+    for (const char* probe : {"AT+CMGF?", "AT+CSCS?", "AT+CMEE?"}) {
+        handset.Script(probe, "\r\nERROR\r\n");
+        EXPECT_TRUE(session.Connect() && link.EnsureSession()) << probe;
+        EXPECT_EQ(Others(), 0) << probe;
+        handset.SetFaults({"lost=+CBC"});
+        EXPECT_FALSE(exchanges[0].run(link));
+        EXPECT_EQ(Ask(20), "right") << probe;
+        handset.Script(probe, probe == std::string("AT+CMGF?")   ? "\r\n+CMGF: 0\r\n\r\nOK\r\n"
+                              : probe == std::string("AT+CSCS?") ? "\r\n+CSCS: \"UCS2\"\r\n\r\nOK\r\n"
+                                                                 : "\r\n+CMEE: 1\r\n\r\nOK\r\n");
+        EndTry();
+    }
+}
+
 /// An answer that was given up comes between a later command and its own answer.
 TEST_F(LinkCampaign, AnAnswerComesAfterAll) {
     for (const char* stray : {"\r\nOK\r\n", "\r\nERROR\r\n", "\r\n+CBC: 0,80\r\n\r\nOK\r\n"}) {
