@@ -44,10 +44,13 @@ void Connection::WatchForCancel() {
 bool Connection::Open() {
     if (!OpenPort()) return false;
     if (link_.EnsureSession()) return true;
-    PrintWords(
-        cancelled_
-            ? "cancelled"
-            : fmt::format("the handset on {} does not answer as one (--trace shows the dialogue)", device_));
+    if (cancelled_)
+        PrintWords("cancelled");
+    else if (link_.HasHungUp())
+        PrintWords("the handset was unplugged");
+    else
+        PrintWords(
+            fmt::format("the handset on {} does not answer as one (--trace shows the dialogue)", device_));
     return false;
 }
 

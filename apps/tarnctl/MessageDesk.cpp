@@ -127,10 +127,12 @@ ExitCode MessageDesk::Download(const std::u16string& memory) {
     Run(download);
     const MessageDownload::Report& report = download.GetReport();
     for (const MessageDownload::Unread& unread : report.unread) {
-        PrintWords(fmt::format(
-            "{} {}: {}", TextToUtf8(unread.memory), unread.location,
-            WordsOfReading(unread.answered ? SmsRecord::Reading::Refused : SmsRecord::Reading::NoAnswer,
-                           unread.error)));
+        const bool unplugged = !unread.answered && connection_->Link().HasHungUp();
+        PrintWords(fmt::format("{} {}: {}", TextToUtf8(unread.memory), unread.location,
+                               unplugged ? "the handset was unplugged"
+                                         : WordsOfReading(unread.answered ? SmsRecord::Reading::Refused
+                                                                          : SmsRecord::Reading::NoAnswer,
+                                                          unread.error)));
     }
     const bool lost = download.LostHandset();
     const bool cancelled = download.WasCancelled();
