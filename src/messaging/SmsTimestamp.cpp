@@ -74,6 +74,7 @@ void SmsTimestamp::Write(PduBuffer& buffer) const {
 }
 
 bool SmsTimestamp::IsDate() const {
+    if (FullYear() > 9999) return false;
     const std::chrono::year_month_day date{std::chrono::year{FullYear()}, std::chrono::month{month},
                                            std::chrono::day{day}};
     return date.ok() && hour < 24 && minute < 60 && second < 60;
