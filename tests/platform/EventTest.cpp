@@ -3,28 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "platform/Event.h"
-#include "support/ManualClock.h"
 
 namespace tarnbridge {
 namespace {
 
 using namespace std::chrono_literals;
-
-TEST(Event, AutomaticReleasesOneWaiterASet) {
-    Event event(ResetMode::Automatic);
-    event.Set();
-    EXPECT_TRUE(event.Wait(0ms));
-    EXPECT_FALSE(event.Wait(0ms));
-}
-
-TEST(Event, ManualStaysUntilReset) {
-    Event event(ResetMode::Manual);
-    event.Set();
-    EXPECT_TRUE(event.Wait(0ms));
-    EXPECT_TRUE(event.Wait(0ms));
-    event.Reset();
-    EXPECT_FALSE(event.Wait(0ms));
-}
 
 TEST(Event, WaitAnyConsumesOnlyTheFirstSignalled) {
     Event first(ResetMode::Automatic);
@@ -55,19 +38,6 @@ TEST(Event, NoSetIsLostBetweenThreads) {
     }
     other.join();
     EXPECT_EQ(answered, rounds);
-}
-
-TEST(ManualClock, TimeOutEndsWhenTheTimeHasPassed) {
-    test::ManualClock clock;
-    Event event(ResetMode::Manual);
-    bool signalled = true;
-    std::thread waiter([&] { signalled = clock.Wait(event, 500ms); });
-    clock.AwaitWaiters(1);
-    clock.Advance(499ms);
-    clock.AwaitWaiters(1);
-    clock.Advance(1ms);
-    waiter.join();
-    EXPECT_FALSE(signalled);
 }
 
 }  // namespace

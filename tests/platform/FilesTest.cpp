@@ -1,7 +1,4 @@
-#include <cerrno>
-
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include "platform/Files.h"
 #include "support/TemporaryFolder.h"
@@ -20,22 +17,6 @@ TEST(Files, AtomicWriteReplacesAndKeepsPermissions) {
     EXPECT_EQ(*ReadFile(path), std::string("t\0wo", 4));
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(FindFiles(path.parent_path(), "*").size(), 1u);
-}
-
-TEST(Files, BeyondTheFileSizeLimitTheOldFileStays) {
-    const test::TemporaryFolder folder;
-    ASSERT_TRUE(WriteFileAtomically(folder / "file", "old"));
-    LetOversizedWritesFail();
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const rlimit tight{4096, before.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &tight), 0);
-    const Outcome written = WriteFileAtomically(folder / "file", std::string(5000, 'x'));
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    ASSERT_FALSE(written);
-    EXPECT_EQ(written.Failure().code, EFBIG);
-    EXPECT_EQ(*ReadFile(folder / "file"), "old");
-    EXPECT_EQ(FindFiles(folder.Path(), "*").size(), 1u);
 }
 
 TEST(Files, AtomicWriteFollowsASymbolicLink) {

@@ -25,12 +25,6 @@ protected:
     PortMap ports{store, root};
 };
 
-TEST_F(PortMapTest, AnEmptyMachineHasNoPorts) {
-    EXPECT_TRUE(ports.Enumerate().empty());
-    EXPECT_EQ(ports.DeviceOf(1), std::nullopt);
-    EXPECT_EQ(ports.NumberOf(""), 0);
-}
-
 TEST_F(PortMapTest, NumbersAreKeptWhenPortsComeAndGo) {
     PlugIn("ttyUSB0");
     PlugIn("ttyACM0");

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/Files.h"
-#include "platform/LockFile.h"
 #include "platform/Process.h"
 #include "platform/ProgramFolder.h"
 #include "support/TemporaryFolder.h"
@@ -43,16 +42,6 @@ TEST(Process, Ends) {
     sleeper->Terminate();
     EXPECT_EQ(sleeper->Wait(10s), 128 + 15);
     EXPECT_EQ(sleeper->Wait(0ms), 128 + 15) << "asked again";
-}
-
-TEST(LockFile, HasOneOwner) {
-    const test::TemporaryFolder folder;
-    auto lock = LockFile::Take(folder / "sub" / "lock", 0ms);
-    ASSERT_TRUE(lock);
-    EXPECT_FALSE(LockFile::Take(folder / "sub" / "lock", 5ms));
-    lock.reset();
-    EXPECT_TRUE(LockFile::Take(folder / "sub" / "lock", 0ms));
-    EXPECT_FALSE(LockFile::Take(folder.Path(), 0ms)) << "a folder";
 }
 
 TEST(ProgramFolder, FollowsTheUsersFolders) {
