@@ -19,18 +19,5 @@ TEST(ContactJson, ComesBackAsItWas) {
         EXPECT_FALSE(ContactFromJson(json::parse(bad), contact, error)) << bad;
 }
 
-TEST(ContactJson, ImportsAndChecks) {
-    const auto imported = ImportVcardText("BEGIN:VCARD\nN:\xE5\xA4\xA7\nTEL;CELL;VOICE:1\nEND:VCARD\n");
-    ASSERT_EQ(imported.size(), 1u);
-    EXPECT_EQ(imported[0]["name"], "\xE5\xA4\xA7");
-    EXPECT_FALSE(imported[0].contains("birthday"));
-
-    EXPECT_EQ(CheckContactLine(R"({"name": "Ann"})").dump(), R"({"ok":true})");
-    EXPECT_EQ(CheckContactLine(R"({"name": "Ann", "email": "x"})")["field"], "email");
-    EXPECT_EQ(CheckContactLine(R"({"name": "12345678", "storage": "SM", "textLength": 7})")["field"], "name");
-    for (const char* const bad : {"[]", "{", R"({"name": 1})", R"({"storage": "MT"})"})
-        EXPECT_TRUE(CheckContactLine(bad).contains("error")) << bad;
-}
-
 }  // namespace
 }  // namespace tarnbridge

@@ -17,12 +17,6 @@ TEST(Contact, NameAndNumberAreTakenApart) {
     EXPECT_EQ(contact.name, u"AB\rC\nDE") << "no pair is left, not even one that cutting makes";
     EXPECT_EQ(contact.number.type, SmsAddress::alphanumeric);
     EXPECT_EQ(contact.nameEncoding, packedUcs2Name);
-    contact.SetNameNumber(u"", u"+886912", plainName);
-    std::u16string name = u"old";
-    std::u16string number;
-    contact.GetNameNumber(name, number);
-    EXPECT_EQ(name, u"");
-    EXPECT_EQ(number, u"+886912");
 }
 
 TEST(ContactChecks, NamesAreClassified) {
@@ -162,35 +156,31 @@ TEST(ContactForm, ChecksRunInTheirOrder) {
     ContactForm form{u"PC", std::u16string(61, u'/'), u"p1", u"1a", u"1b", tooLong, u"x", u"1/1"};
     struct Step {
         ContactField field;
-        const char16_t* sentence;
+        Word words;
         std::function<void()> repair;
     };
     const Step steps[] = {
-        {ContactField::name, u"The name shouldn't contain any char of '\\\\' or '/'.",
-         [&] { form.name.assign(61, u'a'); }},
-        {ContactField::name, u"The maximum of contact name is 60 characters!", [&] { form.name.clear(); }},
-        {ContactField::mobile, u"Invalid mobile number format!", [&] { form.mobile = tooLong; }},
-        {ContactField::mobile, u"The maximum of contact number is 40 characters!",
-         [&] { form.mobile.clear(); }},
-        {ContactField::name, u"Please enter the contact's name or phone number!",
-         [&] { form.mobile = u"1"; }},
-        {ContactField::home, u"Invalid home number format!", [&] { form.home = u"1"; }},
-        {ContactField::office, u"Invalid office number format!", [&] { form.office.clear(); }},
-        {ContactField::fax, u"The maximum of contact number is 40 characters!", [&] { form.fax = u"2"; }},
-        {ContactField::email, u"Email format is invalid, or it's too long! The maximum length is 60.",
-         [&] { form.email = u"a@b"; }},
-        {ContactField::birthday,
-         u"The input of anniversary is not valid.\n\nThe correct format is 25/01/2004,\nand the year must be "
-         u"between 1900-2030.",
-         [&] { form.birthday = u"1/1/2000"; }},
+        {ContactField::name, Word::NameHasSlash, [&] { form.name.assign(61, u'a'); }},
+        {ContactField::name, Word::NameTooLong, [&] { form.name.clear(); }},
+        {ContactField::mobile, Word::InvalidNumberFormat, [&] { form.mobile = tooLong; }},
+        {ContactField::mobile, Word::NumberTooLong, [&] { form.mobile.clear(); }},
+        {ContactField::name, Word::NameOrNumberMissing, [&] { form.mobile = u"1"; }},
+        {ContactField::home, Word::InvalidNumberFormat, [&] { form.home = u"1"; }},
+        {ContactField::office, Word::InvalidNumberFormat, [&] { form.office.clear(); }},
+        {ContactField::fax, Word::NumberTooLong, [&] { form.fax = u"2"; }},
+        {ContactField::email, Word::InvalidEmail, [&] { form.email = u"a@b"; }},
+        {ContactField::birthday, Word::InvalidAnniversary, [&] { form.birthday = u"1/1/2000"; }},
     };
     for (const Step& step : steps) {
         const auto problem = CheckContactForm(form, {});
         ASSERT_TRUE(problem);
         EXPECT_EQ(problem->field, step.field);
-        EXPECT_EQ(problem->Sentence(), step.sentence);
+        EXPECT_EQ(problem->words, step.words);
         step.repair();
     }
+    form.home = u"1a";
+    EXPECT_EQ(CheckContactForm(form, {})->Sentence(), u"Invalid home number format!");
+    form.home.clear();
     EXPECT_FALSE(CheckContactForm(form, {}));
 }
 
