@@ -56,41 +56,6 @@ protected:
     LinkWatch watch{link, worker, user, [this] { return address; }};
 };
 
-TEST_F(LinkWatchTest, OpensChecksAndNoticesOnce) {
-    Connect();
-    EXPECT_TRUE(watch.IsConnected());
-    watch.Tick();
-    EXPECT_EQ(Next(), News::StillConnected);
-    EXPECT_EQ(wire.CountWritten("AT\r"), 2u);
-}
-
-TEST_F(LinkWatchTest, APortThatCannotBeOpenedIsTriedAgainAndSaysWhy) {
-    wire.FailOpen(SerialOpenFault::NoRights);
-    for (int i = 0; i < 2; ++i) {
-        watch.Tick();
-        Next();
-        EXPECT_EQ(watch.OpenFailure().fault, SerialOpenFault::NoRights);
-        EXPECT_FALSE(window->ProcessOne(0ms)) << "nothing is checked";
-    }
-    wire.FailOpen(SerialOpenFault::None);
-    Connect();
-    EXPECT_EQ(watch.OpenFailure().fault, SerialOpenFault::None);
-}
-
-TEST_F(LinkWatchTest, ADeadLinkIsTakenApartAndComesBack) {
-    Connect();
-    wire.HangUp(true);
-    watch.Tick();
-    EXPECT_EQ(Next(), News::Disconnected);
-    EXPECT_FALSE(watch.IsConnected());
-    watch.Tick();
-    Next();
-    EXPECT_FALSE(link.IsPortOpen());
-    EXPECT_TRUE(worker.IsRunning());
-    wire.HangUp(false);
-    Connect();
-}
-
 TEST_F(LinkWatchTest, NothingIsAskedOfABusyWorkerAndOneStepRunsAtATime) {
     Connect();
     Event goOn{ResetMode::Manual};

@@ -12,16 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(InstanceGuardTest, OneRunsAtATime) {
-    const test::TemporaryFolder folder;
-    InstanceGuard first(folder.Path());
-    InstanceGuard second(folder.Path());
-    EXPECT_TRUE(first.Enter());
-    EXPECT_FALSE(second.Enter());
-    first.Leave();
-    EXPECT_TRUE(second.Enter());
-}
-
 TEST(InstanceGuardTest, ARestartIsWaitedForUpToTheLimit) {
     const test::TemporaryFolder folder;
     InstanceGuard first(folder.Path());
@@ -45,17 +35,6 @@ TEST(InstanceGuardTest, ARestartIsWaitedForUpToTheLimit) {
 TEST(InstanceGuardTest, WhereNoLockCanBeMadeTheStartGoesOn) {
     InstanceGuard guard("/proc/no-such-folder");
     EXPECT_TRUE(guard.Enter());
-}
-
-TEST(LanguagesTest, TheFirstWantedOneThatIsThere) {
-    const auto german = [](int32_t id) { return id == 0x0407; };
-    EXPECT_EQ(LanguageFileName(0x0407), "Lang0407.qm");
-    const std::vector<int32_t> wanted{0x0999, 0x040c, 0x0407, 1033};
-    EXPECT_EQ(ChooseLanguage(wanted, german), 0x0407);
-    EXPECT_EQ(ChooseLanguage({}, german), builtInLanguage);
-    const std::vector<int32_t> english{builtInLanguage, 0x0407};
-    EXPECT_EQ(ChooseLanguage(english, [](int32_t) { return false; }), builtInLanguage);
-    EXPECT_EQ(AvailableLanguages(german).size(), 2u);
 }
 
 TEST(LanguagesTest, LocalesSpeakLanguages) {

@@ -8,7 +8,6 @@
 #include "link/HandsetLink.h"
 #include "support/FakeWire.h"
 #include "support/ManualClock.h"
-#include "support/ScriptedUser.h"
 
 namespace tarnbridge {
 namespace {
@@ -16,20 +15,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr Milliseconds limit = 10s;
-
-/// A record that keeps what it was told and answers as set.
-struct FakeRecord : HandsetRecord {
-    bool Read(HandsetLink&, std::u16string_view storage, int index, int& error) override {
-        last = std::u16string(storage) + u' ' + static_cast<char16_t>(u'0' + index);
-        error = 321;
-        return false;
-    }
-    bool Remove(HandsetLink& link, int&) override {
-        return link.ExecExpect("AT+CMGD=5\r", 5000, nullptr, true);
-    }
-
-    std::u16string last;
-};
 
 class Worker : public ::testing::Test {
 protected:
@@ -86,27 +71,6 @@ protected:
     BackgroundWorker worker;
 };
 
-TEST_F(Worker, AnswersWithSlotResultAndError) {
-    const auto record = std::make_shared<FakeRecord>();
-    ASSERT_TRUE(worker.RequestRead(window, record, u"ME", 7));
-    ASSERT_TRUE(window->ProcessOne(limit));
-    EXPECT_EQ(record->last, u"ME 7");
-    EXPECT_EQ(got[0].id, WorkerResult);
-    EXPECT_EQ(got[0].wParam, 7);
-    EXPECT_EQ(got[0].lParam, 0);
-    ASSERT_NE(got[0].payload.Get<WorkerAnswer>(), nullptr);
-    EXPECT_EQ(got[0].payload.Get<WorkerAnswer>()->kind, BackgroundWorker::ReadMessage);
-    EXPECT_EQ(got[0].payload.Get<WorkerAnswer>()->error, 321);
-    EXPECT_EQ(record.use_count(), 1) << "given back before the answer";
-
-    wire.Answer("AT+CMGD=5\r", "\r\nOK\r\n");
-    ASSERT_TRUE(worker.RequestRemove(window, record)) << "free again when the answer is here";
-    ASSERT_TRUE(window->ProcessOne(limit));
-    EXPECT_EQ(got[1].lParam, 1);
-    EXPECT_EQ(got[1].payload.Get<WorkerAnswer>()->kind, BackgroundWorker::RemoveMessage);
-    EXPECT_EQ(wire.CountWritten("AT+CMGD=5\r"), 1u);
-}
-
 TEST_F(Worker, CallablesGiveCountsAndMayThrow) {
     ASSERT_TRUE(
         worker.RequestJob(window, BackgroundWorker::FirstFeatureJob, 3,
@@ -115,6 +79,7 @@ TEST_F(Worker, CallablesGiveCountsAndMayThrow) {
     EXPECT_EQ(got[0].wParam, 3);
     EXPECT_EQ(got[0].lParam, -1);
     EXPECT_EQ(got[0].payload.Get<WorkerAnswer>()->kind, 4);
+    EXPECT_EQ(got[0].payload.Get<int>(), nullptr) << "another type";
 
     ASSERT_TRUE(worker.RequestJob(window, 5, 0,
                                   [](HandsetLink&, int&) -> int { throw std::runtime_error("bad digits"); }));
@@ -125,16 +90,13 @@ TEST_F(Worker, CallablesGiveCountsAndMayThrow) {
 }
 
 TEST_F(Worker, RefusesWhileBusyAndWhatHasNothingToDo) {
-    EXPECT_FALSE(worker.RequestRead(window, nullptr, u"ME", 1));
-    EXPECT_FALSE(worker.RequestRemove(window, nullptr));
     EXPECT_FALSE(worker.RequestJob(window, 4, 0, nullptr));
     EXPECT_FALSE(worker.IsBusy());
 
     ASSERT_TRUE(worker.RequestJob(window, 4, 1, Waiting()));
-    const auto record = std::make_shared<FakeRecord>();
     for (int moment = 0; moment < 2; ++moment) {
         EXPECT_TRUE(worker.IsBusy());
-        EXPECT_FALSE(worker.RequestRead(window, record, u"ME", 1));
+        EXPECT_FALSE(worker.RequestJob(window, 4, 2, Waiting()));
         EXPECT_FALSE(worker.RequestSessionCheck(frame)) << "a check would disturb the job";
         if (moment == 0) begun.Wait(limit);
     }
@@ -143,24 +105,6 @@ TEST_F(Worker, RefusesWhileBusyAndWhatHasNothingToDo) {
     EXPECT_EQ(got[0].wParam, 1) << "the refused ones have changed nothing";
     EXPECT_TRUE(worker.RequestSessionCheck(frame));
     ASSERT_TRUE(frame->ProcessOne(limit));
-    EXPECT_TRUE(record->last.empty());
-}
-
-TEST_F(Worker, TheSessionCheckTellsWhoAskedWhetherTheHandsetAnswers) {
-    ASSERT_TRUE(worker.RequestSessionCheck(frame));
-    ASSERT_TRUE(frame->ProcessOne(limit));
-    EXPECT_EQ(frameGot[0].id, WorkerResult);
-    EXPECT_EQ(frameGot[0].wParam, 0);
-    EXPECT_EQ(frameGot[0].lParam, 1);
-    EXPECT_EQ(frameGot[0].payload.Get<WorkerAnswer>(), nullptr);
-    EXPECT_TRUE(link.IsSessionReady());
-    EXPECT_FALSE(window->ProcessOne(0ms));
-
-    wire.Answer("AT\r", "\r\nERROR\r\n");
-    ASSERT_TRUE(worker.RequestSessionCheck(frame));
-    ASSERT_TRUE(frame->ProcessOne(limit));
-    EXPECT_EQ(frameGot[1].lParam, 0);
-    EXPECT_FALSE(link.IsSessionReady());
 }
 
 TEST_F(Worker, AJobAskedForDuringACheckFollowsIt) {
@@ -204,37 +148,21 @@ TEST_F(Worker, StopInEveryState) {
 
     // With a check under way and a job that hasn't begun: that one is dropped, also for the next start.
     ASSERT_TRUE(worker.Start(link));
-    const auto record = std::make_shared<FakeRecord>();
     BeginCheck();
-    ASSERT_TRUE(worker.RequestRead(window, record, u"ME", 1));
+    const auto runs = std::make_shared<int>(0);
+    ASSERT_TRUE(worker.RequestJob(window, 4, 1, [runs](HandsetLink&, int&) { return ++*runs; }));
     stopper = std::thread([&] { worker.Stop(); });
     while (worker.IsRunning())
         std::this_thread::yield();
     EndCheck();
     stopper.join();
     EXPECT_FALSE(worker.IsBusy());
-    EXPECT_EQ(record.use_count(), 1);
+    EXPECT_EQ(runs.use_count(), 1);
     ASSERT_TRUE(worker.Start(link));
     ASSERT_TRUE(worker.RequestJob(window, 4, 2, [](HandsetLink&, int&) { return 1; }));
     ASSERT_TRUE(window->ProcessOne(limit));
     EXPECT_EQ(got.back().wParam, 2);
-    EXPECT_TRUE(record->last.empty());
-}
-
-TEST(RepeatedQuestion, AnAnswerForAllHoldsForTheRest) {
-    test::ScriptedUser user;
-    user.answers = {Answer::No, Answer::YesToAll};
-    RepeatedQuestion question(user);
-    EXPECT_EQ(question.Ask({u"1"}), Answer::No);
-    EXPECT_EQ(question.Ask({u"2"}), Answer::Yes);
-    EXPECT_EQ(question.Ask({u"3"}), Answer::Yes);
-    EXPECT_EQ(user.heard.size(), 2u);
-
-    user.answers = {Answer::Cancel, Answer::NoToAll};
-    RepeatedQuestion again(user);
-    EXPECT_EQ(again.Ask({u"1"}), Answer::Cancel);
-    EXPECT_EQ(again.Ask({u"2"}), Answer::No);
-    EXPECT_EQ(again.Ask({u"3"}), Answer::No);
+    EXPECT_EQ(*runs, 0);
 }
 
 }  // namespace

@@ -13,18 +13,15 @@
 namespace tarnbridge {
 namespace {
 
-class SettingsFiles : public ::testing::Test {
+class FirstStart : public ::testing::Test {
 protected:
-    SettingsFiles() {
+    FirstStart() {
         setenv("XDG_DATA_HOME", (folder / "own").c_str(), 1);
         setenv("XDG_DATA_DIRS", (folder / "shared").c_str(), 1);
     }
 
     const test::TemporaryFolder folder;
 };
-
-using DialUpFile = SettingsFiles;
-using FirstStart = SettingsFiles;
 
 TEST(DialUpSettings, TheFileByteForByte) {
     const DialUpSettings settings = {u"Gröup A",
@@ -63,10 +60,6 @@ TEST(DialUpSettings, TheFileByteForByte) {
     DialUpSettings sorted = settings;
     std::swap(sorted.operators[0], sorted.operators[1]);
     EXPECT_EQ(ReadDialUpSettings(content), sorted) << "read in the order of the numbers";
-
-    EXPECT_EQ(WriteDialUpSettings({}),
-              "[Setting]\nmax_operator_num = 600\ngroup_num  = 0\nused_group_name = \"\"\n\n[Groups]\n\n"
-              "[Operators]\n");
 }
 
 TEST(DialUpSettings, TextsThatCouldBreakTheFileComeBack) {
@@ -128,23 +121,6 @@ TEST(DialUpSettings, CountsThatTheFileOnlyClaims) {
               DialUpSettings());
 }
 
-TEST_F(DialUpFile, IsReadFromTheSharedDataAndWrittenToTheProgramFolder) {
-    DialUpSettings settings{u"old", {u"old"}, {}};
-    EXPECT_FALSE(LoadDialUpSettings(settings));
-    EXPECT_EQ(settings, DialUpSettings());
-
-    const auto shared = folder / "shared" / "tarnbridge" / "DialUpSetting.ini";
-    ASSERT_TRUE(WriteFileAtomically(shared, "[Operators]\noperator0=A\n[A]\napn=net\n"));
-    ASSERT_TRUE(LoadDialUpSettings(settings));
-    ASSERT_EQ(settings.operators.size(), 1u);
-    settings.operators[0].apn = u"other";
-    ASSERT_TRUE(SaveDialUpSettings(settings));
-    DialUpSettings again;
-    ASSERT_TRUE(LoadDialUpSettings(again));
-    EXPECT_EQ(again, settings);
-    EXPECT_EQ(ReadFile(shared)->find("other"), std::string::npos);
-}
-
 TEST(FirstStartSettings, ReadsLanguageAndGroup) {
     const FirstStartSettings settings = ReadFirstStartSettings(
         "[any]\r\ndef_lang = 040c\r\ndef_group_name = \"Group of many words\" rest\r\n[def_lang = 1]\r\n");
@@ -166,18 +142,6 @@ TEST(FirstStartSettings, ReadsLanguageAndGroup) {
     for (const char* lang :
          {"def_lang = xyz\n", "def_lang = 123456789\n", "def_lang = FFFFFFFF\n", "def_lang=409\n"})
         EXPECT_FALSE(ReadFirstStartSettings(lang).languageId) << lang;
-}
-
-TEST_F(FirstStart, TheFileIsTakenOnce) {
-    FileEntryStore store(folder / "settings.conf");
-    EXPECT_FALSE(TakeFirstStartSettings(store).languageId);
-    const auto own = ProgramFolder() / "DefTarnbridge.ini";
-    ASSERT_TRUE(WriteFileAtomically(own, "def_lang = 404\n"));
-    EXPECT_EQ(TakeFirstStartSettings(store).languageId, 0x404);
-    EXPECT_FALSE(std::filesystem::exists(own));
-    EXPECT_FALSE(TakeFirstStartSettings(store).languageId);
-    ASSERT_TRUE(WriteFileAtomically(own, "def_lang = 405\n"));
-    EXPECT_EQ(TakeFirstStartSettings(store).languageId, 0x405) << "a new one from an installer counts again";
 }
 
 /// Root may delete anything, so for a while it isn't root who runs the test.

@@ -1,11 +1,6 @@
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 
 #include "core/base/PhoneModels.h"
-#include "platform/Files.h"
-#include "platform/ProgramFolder.h"
-#include "support/TemporaryFolder.h"
 
 namespace tarnbridge {
 namespace {
@@ -32,23 +27,11 @@ std::vector<std::u16string> KeysOf(const std::string& content) {
     return keys;
 }
 
-TEST(PhoneModels, ReadsEveryField) {
-    const PhoneModelInfo info = FieldsOf(
-        "phonemodel = AB-12 rest\r\nbaudrate = 921600\r\nflowcontrol = software\r\nmms = true\r\n"
-        "filemanager = true\r\nlcd_width = 176\r\nlcd_height = 220");
-    EXPECT_EQ(info.phoneModel, u"AB-12");
-    EXPECT_EQ(info.baudRate, 921600u);
-    EXPECT_EQ(info.flowControl, FlowControl::Software);
-    EXPECT_TRUE(info.hasMms);
-    EXPECT_TRUE(info.hasFileManager);
-    EXPECT_EQ(info.lcdWidth, 176);
-    EXPECT_EQ(info.lcdHeight, 220);
-}
-
 TEST(PhoneModels, ValuesThatAreNotKnown) {
     EXPECT_EQ(FieldsOf("baudrate = 57600\nbaudrate = 7\n").baudRate, 115200u) << "no rate of a port";
     EXPECT_EQ(FieldsOf("baudrate = 57600\nbaudrate = fast\n").baudRate, 115200u);
     EXPECT_EQ(FieldsOf("baudrate = -110\n").baudRate, 115200u);
+    EXPECT_TRUE(FieldsOf("filemanager = true\n").hasFileManager);
     EXPECT_FALSE(FieldsOf("mms = yes\n").hasMms);
     EXPECT_TRUE(FieldsOf("mms = true\nmms = FALSE\n").hasMms) << "values are compared exactly";
     EXPECT_FALSE(FieldsOf("mms = true\nmms = false\n").hasMms);
@@ -104,12 +87,6 @@ TEST(PhoneModels, WithoutAnyTheBuiltInOnes) {
         PhoneModelInfo info;
         ASSERT_TRUE(models.Find(u"ZVK4010", info));
         EXPECT_EQ(info.baudRate, 57600u);
-        EXPECT_EQ(info.flowControl, FlowControl::Software);
-        EXPECT_FALSE(info.hasMms);
-        ASSERT_TRUE(models.Find(u"ZVK4100", info));
-        EXPECT_EQ(info.baudRate, 115200u);
-        EXPECT_EQ(info.flowControl, FlowControl::Hardware);
-        EXPECT_TRUE(info.hasMms);
     }
 }
 
@@ -118,16 +95,6 @@ TEST(PhoneModels, TheModelInUse) {
     EXPECT_EQ(models.InUse(u"ALPHA").first, u"alpha");
     EXPECT_EQ(models.InUse(u"gamma").first, u"Beta") << "the first by unit";
     EXPECT_EQ(models.InUse(u"").first, u"Beta");
-}
-
-TEST(PhoneModels, TheFileIsLookedForAmongTheData) {
-    const test::TemporaryFolder folder;
-    setenv("XDG_DATA_HOME", folder.Path().c_str(), 1);
-    ASSERT_TRUE(WriteFileAtomically(ProgramFolder() / "Tarnbridge.ini", "[FROMFILE]\n"));
-    PhoneModels models;
-    models.Load();
-    EXPECT_EQ(models.All().size(), 1u);
-    EXPECT_EQ(models.InUse(u"").first, u"FROMFILE");
 }
 
 }  // namespace

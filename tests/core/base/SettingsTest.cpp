@@ -38,24 +38,10 @@ TEST_F(SettingsTest, EveryRowReachesAnEntryOfItsOwnAndComesBack) {
 }
 
 TEST_F(SettingsTest, EntriesAreSpelledAsUsersHaveThem) {
-    EXPECT_EQ(settings.GetNumber(SettingIndex::Language), 1033);
-    settings.SetNumber(SettingIndex::Language, 1036);
-    EXPECT_EQ(store.GetText("Option", "LangID"), u"1036");
     settings.SetList(SettingIndex::MelodyColumns, {120, 80, 200});
     EXPECT_EQ(store.GetText("Column", "Meoldy"), u"120,80,200,");
     settings.SetText(SettingIndex::MmsSoundFolder, u"/tmp");
     EXPECT_EQ(store.GetText("Mms", "Meoldy"), u"/tmp");
-    settings.SetText(SettingIndex::SevenBitSms, u"TRUE");
-    EXPECT_EQ(store.GetText("7Bit", "Sms"), u"TRUE");
-}
-
-TEST_F(SettingsTest, WhatIsMissingOrNoNumberKeepsTheDefault) {
-    store.SetText("Option", "Port", u"seven");
-    store.SetText("Option", "Phone", u"Empty");
-    settings.Load();
-    EXPECT_EQ(settings.GetNumber(SettingIndex::Port), 1);
-    EXPECT_EQ(settings.GetText(SettingIndex::Phone), u"ZVK4100");
-    EXPECT_EQ(settings.GetText(SettingIndex::LongSms), u"TRUE");
 }
 
 TEST_F(SettingsTest, ListsEndEachItemWithAComma) {
@@ -82,27 +68,10 @@ TEST_F(SettingsTest, HistoriesHoldTenAndSplitAtCommas) {
     EXPECT_EQ(settings.GetHistory(SettingIndex::PhonebookHistory), twelve);
     EXPECT_EQ(store.GetText("FindHistory", "Phonebook"), u"0,1,2,3,4,5,6,7,8,9,");
 
-    store.SetText("FindHistory", "Phonebook", u"0,1,2,3,4,5,6,7,8,9,10,11,");
-    settings.Load();
-    EXPECT_EQ(settings.GetHistory(SettingIndex::PhonebookHistory), twelve);
-
     settings.SetHistory(SettingIndex::SoundHistory, {u"a,b", u""});
     settings.Load();
     EXPECT_EQ(settings.GetHistory(SettingIndex::SoundHistory),
               (std::vector<std::u16string>{u"a", u"b", u""}));
-}
-
-TEST_F(SettingsTest, AWrongIndexReadsAsNothingAndWritesNothing) {
-    for (const int number : {-1, static_cast<int>(SettingIndex::Count), 1 << 20}) {
-        const auto index = static_cast<SettingIndex>(number);
-        EXPECT_EQ(settings.GetNumber(index), -1);
-        EXPECT_EQ(settings.GetText(index), u"");
-        EXPECT_FALSE(settings.SetNumber(index, 1));
-        EXPECT_FALSE(settings.SetList(index, {1}));
-    }
-    EXPECT_EQ(settings.GetNumber(SettingIndex::Phone), -1);
-    EXPECT_FALSE(settings.SetNumber(SettingIndex::Phone, 7));
-    EXPECT_EQ(settings.GetText(SettingIndex::Phone), u"ZVK4100");
 }
 
 TEST_F(SettingsTest, AStoreThatCannotBeWrittenIsReportedAndTheValueHolds) {

@@ -25,19 +25,8 @@ TEST(StringTable, EveryKeyHasWordsThatFormatWordsCanFill) {
         EXPECT_FALSE(words.empty()) << keys[index];
         EXPECT_EQ(PlacesOf(words).find_first_not_of("sd"), std::string::npos) << keys[index];
     }
-    EXPECT_EQ(table.Get(Word::NameHasSlash), u"The name shouldn't contain any char of '\\\\' or '/'.");
     EXPECT_EQ(table.Get(Word::Count), u"");
     EXPECT_EQ(table.Get(static_cast<Word>(-1)), u"");
-}
-
-TEST(StringTable, ATranslationReplacesTheWhole) {
-    StringTable table;
-    table.Replace({{"Inbox", u"Eingang"}, {"NoSuchKey", u"?"}});
-    EXPECT_EQ(table.Get(Word::Inbox), u"Eingang");
-    EXPECT_EQ(table.Get(Word::Outbox), u"Outbox");
-    table.Replace({{"Outbox", u"Ausgang"}});
-    EXPECT_EQ(table.Get(Word::Inbox), u"Inbox") << "nothing of the one before stays";
-    EXPECT_EQ(table.Get(Word::Outbox), u"Ausgang");
 }
 
 TEST(StringTable, ReadsATranslation) {
@@ -54,9 +43,6 @@ TEST(StringTable, ReadsATranslation) {
 }
 
 TEST(StringTable, FillsSentences) {
-    EXPECT_EQ(
-        Words(Word::NameWillBeShortened, {u"Long", u"Lo"}),
-        u"The contact name 'Long' exceeds length maximum!\n It will be shorten to 'Lo' for mobile phone!");
     EXPECT_EQ(Words(Word::ProgressOf, {-3, 7}), u"-3 / 7");
     // A translator's slip shows, and no more.
     EXPECT_EQ(FormatWords(u"%s %s %n 100%% %", {u"%s"}), u"%s %s %n 100% %");
