@@ -21,17 +21,6 @@ constexpr const char* option = "Option";
 constexpr int messages = 1;
 constexpr int settings = 2;
 
-TEST_F(FrameTest, OpensTheViewThatWasOpenLast) {
-    store->SetNumber(option, "Select", settings);
-    Start();
-    EXPECT_EQ(OpenView(), settings);
-    EXPECT_TRUE(Find<QToolButton>(QStringLiteral("feature2")).isChecked());
-
-    QTest::mouseClick(&Find<QToolButton>(QStringLiteral("feature1")), Qt::LeftButton);
-    EXPECT_EQ(OpenView(), messages);
-    EXPECT_EQ(store->GetNumber(option, "Select"), messages);
-}
-
 TEST_F(FrameTest, ANumberWithoutItsViewOpensTheMessagesAndIsKept) {
     for (const int number : {0, 9, -1, 5}) {
         store->SetNumber(option, "Select", number);
@@ -68,6 +57,7 @@ TEST_F(FrameTest, EveryFeatureAndCommandIsReachedByTheKeyboard) {
     QTest::keyClick(&feature, Qt::Key_Up);
     QTest::keyClick(&Find<QToolButton>(QStringLiteral("feature1")), Qt::Key_Space);
     EXPECT_EQ(OpenView(), messages) << "the arrow keys go through the column";
+    EXPECT_EQ(store->GetNumber(option, "Select"), messages) << "for the next start";
 
     Frame().Choose(settings);
     const auto menus = [&] {
@@ -124,12 +114,6 @@ TEST_F(FrameTest, AStoredPlaceThatNoScreenHasIsBroughtBack) {
     store->SetBytes(option, "Placement", EncodePlacement({90'000, 90'000, 90'800, 90'600, false}));
     Start();
     EXPECT_TRUE(Frame().screen()->availableGeometry().contains(Frame().geometry().center()));
-
-    Close();
-    program.reset();
-    store->SetBytes(option, "Placement", std::string(44, '\xFF'));
-    Start();
-    EXPECT_TRUE(Frame().isMaximized()) << "what isn't a placement counts as none";
 }
 
 TEST_F(FrameTest, AChangeIsSavedSoonAndOnce) {

@@ -1,7 +1,4 @@
-#include <QEventLoop>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTimer>
 #include <fstream>
 
 #include "platform/Files.h"
@@ -68,22 +65,6 @@ TEST_F(Life, TheEndSavesAndSweeps) {
         if (fs::exists(data / name)) left.emplace_back(name);
     }
     EXPECT_EQ(left, (std::vector<std::string>{"kept.mid", "Temp"}));
-}
-
-TEST_F(Life, TheEndGivesUpADialogThatIsOpen) {
-    realDialogs = true;
-    store->SetNumber("Option", "Select", 2);
-    Start();
-    QSignalSpy closed(program.get(), &CTarnbridgeApp::closed);
-    test::OnDialog(QStringLiteral("text"), [&](QDialog&) { Frame().close(); });
-    QEventLoop loop;  // as the program's own, which is one level up from that of the dialog
-    QObject::connect(program.get(), &CTarnbridgeApp::closed, &loop, &QEventLoop::quit);
-    auto& button = Find<QPushButton>(QStringLiteral("otherDevice"));
-    QTimer::singleShot(0, &button, &QPushButton::click);
-    QTimer::singleShot(10'000, &loop, &QEventLoop::quit);
-    loop.exec();
-    EXPECT_EQ(closed.size(), 1);
-    EXPECT_EQ(Frame().ActiveForm(), nullptr);
 }
 
 TEST_F(Life, AProfileThatCouldNotBeReadIsKeptAndNamedOnce) {

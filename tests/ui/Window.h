@@ -25,7 +25,7 @@ protected:
     Window();
     ~Window() override;
 
-    /// Starts the program; `seed` comes first to change the settings.
+    /// Starts the program with the settings as they stand.
     void Start();
 
     /// Closes the window and waits for the end of the program.

@@ -249,24 +249,5 @@ TEST_F(DialogTest, AnAnimationComesFromAFile) {
     EXPECT_EQ(dialog->Text().Editor().Message().segmentsUsed, 2);
 }
 
-TEST_F(DialogTest, SeveralEditorsAreIndependentAndARecordKeepsItsPlace) {
-    SmsRecord record;
-    record.text8 = "old";
-    record.address = SmsAddress("112", 0);
-    record.storage = u"ME";
-    record.handsetIndices = {7};
-    Open(MessageDraft::Open({}, record));
-    CSmsDialog other(MessageDraft::Forward({}, record), {user, clock, matcher});
-    EXPECT_EQ(other.windowTitle(), "New message[*]");
-    QTest::keyClicks(&other.Text(), "x");
-    EXPECT_EQ(Seen(), "old");
-    EXPECT_FALSE(dialog->isWindowModified());
-    Write("x");
-    Trigger("save");
-    ASSERT_EQ(saved.size(), 1u);
-    EXPECT_EQ(saved[0].storage, u"ME");
-    EXPECT_EQ(saved[0].handsetIndices, std::vector<int>{7});
-}
-
 }  // namespace
 }  // namespace tarnbridge::test

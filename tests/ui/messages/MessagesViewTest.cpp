@@ -18,9 +18,9 @@ using Texts = std::vector<std::u16string>;
 TEST_F(MessagesView, ReadsAllOfTheHandsetAndShowsIt) {
     Open();
     OpenFolder(Content().OnHandset(inboxPlace));
-    EXPECT_EQ(Find<QWidget>(QStringLiteral("hint")).accessibleName(), QStringLiteral("No messages here yet"));
     ReadAll();
     EXPECT_EQ(user.heard, Texts{u"Do you want to download the messages from handset ?"});
+    EXPECT_TRUE(told.isEmpty()) << "nothing was missed, so the dialog went by itself";
     // The demonstration's messages with the parts of the long ones joined.
     EXPECT_EQ(Messages().rowCount(), 34);
     EXPECT_EQ(Find<QLabel>(QStringLiteral("formStatus")).text(), QStringLiteral("Messages: 34"));
@@ -37,11 +37,7 @@ TEST_F(MessagesView, ReadsAllOfTheHandsetAndShowsIt) {
                     .toPlainText()
                     .contains(QStringLiteral("under the {blue} pot as you said. Dinner")))
         << "three parts, and no marks of the alphabet's extension";
-    EXPECT_EQ(Messages().headerData(MessageListModel::AddressColumn, Qt::Horizontal, Qt::DisplayRole),
-              QStringLiteral("From"));
     OpenFolder(Content().OnHandset(outboxPlace));
-    EXPECT_EQ(Messages().headerData(MessageListModel::AddressColumn, Qt::Horizontal, Qt::DisplayRole),
-              QStringLiteral("To"));
     EXPECT_EQ(Messages().rowCount(), 3);
     OpenFolder(Content().HandsetRoot());
     EXPECT_EQ(Messages().rowCount(), 0);
@@ -152,13 +148,9 @@ TEST_F(MessagesView, DropsMoveAndCopyMessages) {
 
     // Back to the handset: which memory is a question.
     OpenFolder(personal);
-    user.folders = {std::nullopt, FolderChoice{4, u"SM"}};
+    user.folders = {std::nullopt};
     Drop(DraggedRows({0}), Content().OnHandset(draftPlace));
     EXPECT_EQ(personal.records.size(), 2u) << "given up";
-    const size_t sim = CountOn("SM");
-    Drop(DraggedRows({0}), Content().OnHandset(draftPlace), Qt::CopyAction);
-    EXPECT_GT(CountOn("SM"), sim);
-    EXPECT_EQ(personal.records.size(), 2u);
 }
 
 TEST_F(MessagesView, CutAndPasteMovesOnceAndForgetsWhatIsGone) {
@@ -224,15 +216,6 @@ TEST_F(MessagesView, DeletingGoesToTheTrashAndThenForGood) {
     EXPECT_TRUE(TextsIn(trash).empty());
     EXPECT_EQ(Messages().rowCount(), 0);
     EXPECT_FALSE(Command("cleanTrash").isEnabled());
-
-    ReadAll();
-    OpenFolder(Content().OnHandset(inboxPlace));
-    const size_t sim = CountOn("SM");
-    SelectRows({RowOf(QStringLiteral("Coucou"))});
-    user.answers = {Answer::Yes};
-    Do("deleteMessages");
-    EXPECT_LT(CountOn("SM"), sim - 1) << "all parts of a long one";
-    EXPECT_EQ(RowOf(QStringLiteral("Coucou")), -1);
 }
 
 TEST_F(MessagesView, ARefusedDeleteIsToldWithTheMessage) {

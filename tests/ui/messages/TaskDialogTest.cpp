@@ -8,7 +8,6 @@
 #include "messaging/MessageTaskTest.h"
 #include "simulator/Pdu.h"
 #include "ui/QtText.h"
-#include "ui/messages/CSmsReadDialog.h"
 #include "ui/messages/SendingDialog.h"
 #include "ui/messages/WidgetSupport.h"
 
@@ -122,27 +121,6 @@ TEST_F(TaskDialogTest, AHandsetInUseIsRefusedAndADialogMayGoWhileItRuns) {
     closed.reset();
     EXPECT_TRUE(Await(isFree));
     QCoreApplication::processEvents();
-}
-
-TEST_F(TaskDialogTest, ReadingFillsTheMirrorAndGoesByItself) {
-    PutOnHandset(u"here", smsSent);
-    CSmsReadDialog dialog(std::make_unique<MessageDownload>(worker, tree));
-    ASSERT_TRUE(dialog.Start());
-    EXPECT_TRUE(Await([&] { return WordsOf(dialog).startsWith("Reading messages from"); }));
-    ASSERT_TRUE(AwaitEnd(dialog));
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(Texts(tree.OnHandset(sentPlace)), std::vector<std::string>{"here"});
-}
-
-TEST_F(TaskDialogTest, ReadingStaysWhereSomethingWasMissed) {
-    session.handset.Script("AT+CMGR=3", "\r\n+CMS ERROR: 320\r\n");
-    CSmsReadDialog dialog(std::make_unique<MessageDownload>(worker, tree));
-    ASSERT_TRUE(dialog.Start());
-    ASSERT_TRUE(AwaitEnd(dialog));
-    EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(WordsOf(dialog), "Messages that could not be read: 1");
-    Button(dialog).click();
-    EXPECT_FALSE(dialog.isVisible());
 }
 
 }  // namespace
