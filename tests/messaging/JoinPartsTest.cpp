@@ -178,15 +178,6 @@ TEST(JoinParts, TwoMessagesUnderOneReferenceAreNotMixed) {
     }
 }
 
-TEST(JoinParts, ReadAndUnreadPartsStayApart) {
-    SmsRecordList records;
-    records.push_back(Part(Header(9, 2, 1), "a", 1));
-    records.push_back(Part(Header(9, 2, 2), "b", 2));
-    records.front()->status = smsRead;
-    JoinParts(records);
-    EXPECT_EQ(records.size(), 2u);
-}
-
 TEST(JoinParts, NoPartIsLostOrTurnsTheLoop) {
     SmsRecordList records;
     for (int total = 0; total < 256; ++total) {

@@ -1,5 +1,3 @@
-#include <numeric>
-
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
@@ -14,25 +12,15 @@ using simulator::HandsetContent;
 
 class Download : public MessageTask {
 protected:
-    /// A received message, or one part of it; `element` is its place in a long message.
-    void Receive(const std::string& memory, int location, int stat, const std::u16string& text,
-                 const std::string& element = {}) {
+    void Receive(const std::string& memory, int location, int stat, const std::u16string& text) {
         session.handset.With([&](HandsetContent& content) {
             simulator::MessageText message;
             message.number = "+4670123";
             message.text = text;
-            message.elements = element;
             content.Messages(memory)->items[location] = {
                 stat, simulator::WriteDeliver(message, content.identity.serviceCentre), {}};
             return 0;
         });
-    }
-
-    static std::string Part(int total, int number) {
-        return {0, 3, 7, static_cast<char>(total), static_cast<char>(number)};
-    }
-    static std::string WidePart(int total, int number) {
-        return {8, 4, 1, 7, static_cast<char>(total), static_cast<char>(number)};
     }
 
     MessageDownload::Report Run(const std::u16string& only = {}) {
@@ -75,24 +63,6 @@ TEST_F(Download, AsksForEachLocationOnceAndForNothingElse) {
     EXPECT_EQ(commands, expected);
 }
 
-TEST_F(Download, PartsAreJoinedAsFarAsTheyAreThere) {
-    Receive("SM", 1, 1, u"three", Part(3, 3));
-    Receive("SM", 4, 1, u"one ", Part(3, 1));
-    Receive("ME", 2, 0, u"unread", Part(2, 2));
-    Receive("ME", 3, 1, u"read ", Part(2, 1));
-    Receive("ME", 5, 0, u"B", WidePart(2, 2));
-    Receive("ME", 6, 1, u"A", WidePart(2, 1));
-    Receive("ME", 9, 1, u"sequence 0", Part(2, 0));
-    Run();
-    const auto texts = Texts(tree.OnHandset(inboxPlace));
-    EXPECT_EQ(std::set<std::string>(texts.begin(), texts.end()),
-              (std::set<std::string>{"one three", "unread", "read ", "AB", "sequence 0"}));
-    for (const auto& record : tree.OnHandset(inboxPlace).records) {
-        if (record->text8 != "one three") continue;
-        EXPECT_EQ(record->handsetIndices, (std::vector<int>{4, 1}));
-    }
-}
-
 TEST_F(Download, ABadLocationIsListedOrNamedAndDoesNotStopThePass) {
     Receive("SM", 5, 1, u"good");
     session.handset.Script("AT+CMGR=2", "\r\n+CMGR: 3,,5\r\nZZ0102\r\n\r\nOK\r\n");
@@ -129,27 +99,6 @@ TEST_F(Download, ACancelLeavesWhatWasRead) {
     MemorySelection selected;
     EXPECT_TRUE(GetMessageMemories(link, selected));
     EXPECT_EQ(selected[0], "SM") << "put back";
-}
-
-TEST_F(Download, AHandsetThatGoesAwayAtAnyStepEndsThePass) {
-    session.SetCapacities(2, 2);
-    Receive("SM", 1, 1, u"a");
-    Receive("ME", 2, 3, u"b");
-    session.handset.ForgetCommands();
-    link.commandTimeout = 60;
-    Run();
-    const size_t commands = session.handset.Commands().size();
-    for (const char* fault : {"unplug-after", "silent-after"}) {
-        for (size_t step = 0; step < commands; ++step) {
-            session.handset.Plug();
-            session.handset.SetFaults({});
-            session.Reconnect();
-            session.handset.SetFaults({fmt::format("{}={}", fault, step)});
-            const MessageDownload::Report report = Run();
-            const bool readAll = report.messages == 2 && report.unread.empty();
-            EXPECT_TRUE(lost || report.noMemory || readAll) << fault << step;
-        }
-    }
 }
 
 }  // namespace

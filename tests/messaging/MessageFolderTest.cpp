@@ -17,10 +17,5 @@ TEST(MessageFolder, AMillionLevelsAreDestroyed) {
     EXPECT_EQ(root->Child(2), nullptr);
 }
 
-TEST(MessageFolder, AFolderOfTheUsersHasTheAttributesOfItsParentButFour) {
-    const FolderAttributes parent = {4, 1, pcFolder, 3, 0, 0, 5, 6, 7};
-    EXPECT_EQ(parent.OfUserFolder(), (FolderAttributes{4, 1, madeByUser, 8, 1, 1, 5, 6, 7}));
-}
-
 }  // namespace
 }  // namespace tarnbridge

@@ -101,18 +101,6 @@ TEST_F(Sending, AMessageWithAPartThatFailedHasFailed) {
     EXPECT_TRUE(sent.records.empty());
 }
 
-TEST_F(Sending, ACancelLeavesTheRestForTheNextTime) {
-    SmsRecord& first = PutFor("11,22,33", u"first");
-    SmsRecord& second = PutFor("44", u"second");
-    Run(outbox, {&first, &second}, [](MessageSending& sending, int done) {
-        if (done == 1) sending.Cancel();
-    });
-    EXPECT_EQ(Results(), (Strings{"11:done", "22:done", "33:not tried", "44:not tried"}));
-    EXPECT_EQ(Sends(), 2u);
-    EXPECT_EQ(Numbers(outbox), (Strings{"33", "44"}));
-    EXPECT_EQ(Numbers(sent), Strings{"11,22"});
-}
-
 TEST_F(Sending, UnpluggedOnTheWayTheRestIsNotTried) {
     SmsRecord& first = PutFor("11,22", u"first");
     SmsRecord& second = PutFor("33", u"second");

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "messaging/MessageRemoval.h"
 #include "messaging/MessageTaskTest.h"
 #include "messaging/MessageTransfer.h"
 
@@ -21,7 +20,6 @@ protected:
         };
         EXPECT_TRUE(RunTask(transfer));
         outcomes = transfer.Outcomes();
-        wentToDraft = transfer.WentToDraft();
         return AllDone(outcomes);
     }
 
@@ -30,7 +28,6 @@ protected:
     MessageFolder& handsetInbox = tree.OnHandset(inboxPlace);
     MessageFolder& handsetDraft = tree.OnHandset(draftPlace);
     std::vector<MessageOutcome> outcomes;
-    bool wentToDraft = false;
 };
 
 TEST_F(Transfer, WithinThePcRecordsMoveAndCopiesAreNew) {
@@ -44,39 +41,6 @@ TEST_F(Transfer, WithinThePcRecordsMoveAndCopiesAreNew) {
     EXPECT_EQ(Texts(draft), (Strings{"second", "first"}));
     EXPECT_EQ(keeper.changes, 2);
     EXPECT_TRUE(session.handset.Commands().empty());
-}
-
-TEST_F(Transfer, ToThePcAndBack) {
-    MemorySelection selected;
-    ASSERT_TRUE(RestoreMessageMemories(link, {"SM", "ME", "MT"}));
-    SmsRecord& whole = PutOnHandset(std::u16string(400, u'x'), smsRead);
-    SmsRecord& other = PutOnHandset(u"other", smsRead);
-    EXPECT_TRUE(Run(handsetInbox, {&whole, &other}, inbox, false));
-    EXPECT_EQ(keeper.saves, 0);
-    EXPECT_EQ(session.handset.Locations("ME").size(), 4u) << "a copy leaves the handset alone";
-    EXPECT_TRUE(Run(handsetInbox, {&whole, &other}, inbox, true));
-    EXPECT_EQ(keeper.saves, 2) << "each message is on the disk before it leaves the handset";
-    EXPECT_TRUE(session.handset.Locations("ME").empty()) << "all parts of a long message go";
-    EXPECT_TRUE(handsetInbox.records.empty());
-    ASSERT_EQ(inbox.records.size(), 4u);
-    EXPECT_EQ(inbox.records[0]->storage, u"PC");
-
-    EXPECT_TRUE(Run(inbox, {inbox.records[0].get()}, tree.OnHandset(outboxPlace), true, u"SM"));
-    EXPECT_EQ(session.handset.Locations("SM"), (Locations{{1, 5}, {2, 5}, {3, 5}}))
-        << "to the memory asked for";
-    EXPECT_EQ(inbox.records.size(), 3u);
-    EXPECT_EQ(tree.OnHandset(outboxPlace).records.at(0)->storage, u"SM");
-    EXPECT_FALSE(tree.OnHandset(outboxPlace).records.at(0)->emsMessage)
-        << "what lies in a list takes no slot";
-}
-
-TEST_F(Transfer, WhatTheHandsetCannotStoreAsReceivedLiesInItsDraft) {
-    session.SetStoreQuery("ERROR");
-    SmsRecord& record = Put(inbox, u"x", smsRead);
-    EXPECT_TRUE(Run(inbox, {&record}, handsetInbox, false));
-    EXPECT_TRUE(wentToDraft);
-    EXPECT_EQ(session.handset.Locations("ME"), (Locations{{1, 2}}));
-    EXPECT_EQ(Texts(handsetDraft), Strings{"x"});
 }
 
 TEST_F(Transfer, NothingLeavesTheHandsetBeforeItIsOnTheDisk) {
@@ -96,21 +60,11 @@ TEST_F(Transfer, AMoveOnTheHandsetIsWrittenAnewInItsNewFolder) {
     EXPECT_EQ(session.handset.Locations("ME"), (Locations{{1, 3}}));
     EXPECT_TRUE(handsetDraft.records.empty());
     EXPECT_TRUE(draft.records.empty()) << "the copy is needed no more";
+    EXPECT_FALSE(tree.OnHandset(sentPlace).records.at(0)->emsMessage) << "what lies in a list takes no slot";
     EXPECT_TRUE(Run(tree.OnHandset(sentPlace), {tree.OnHandset(sentPlace).records[0].get()}, handsetDraft,
                     true, u"SM"));
     EXPECT_EQ(session.handset.Locations("SM"), (Locations{{1, 2}}));
     EXPECT_TRUE(session.handset.Locations("ME").empty());
-}
-
-TEST_F(Transfer, AFullHandsetRefusesAndKeepsWhatItHas) {
-    session.SetCapacities(0, 2);
-    PutOnHandset(u"first", smsDraft);
-    SmsRecord& record = Put(inbox, std::u16string(200, u'x'));
-    EXPECT_FALSE(Run(inbox, {&record}, handsetDraft, true));
-    EXPECT_EQ(outcomes[0].words, Word::MessageNotWritten);
-    EXPECT_EQ(outcomes[0].error, 322);
-    EXPECT_EQ(session.handset.Locations("ME").size(), 1u);
-    EXPECT_EQ(inbox.records.size(), 1u);
 }
 
 TEST_F(Transfer, ACancelLeavesTheRestAsItWas) {
@@ -142,28 +96,6 @@ TEST_F(Transfer, APartThatStaysOnTheHandsetIsNamedThoughTheRestWorked) {
     EXPECT_EQ(handsetInbox.records.at(0)->handsetIndices, std::vector<int>{22});
     EXPECT_EQ(handsetDraft.records.size(), 1u);
     EXPECT_FALSE(outcomes[0].keptInDraft) << "the message itself is whole";
-}
-
-TEST_F(Transfer, DeletingGoesToTheTrashFirstAndIsForGoodThere) {
-    SmsRecord& record = Put(inbox, u"x");
-    MessageFolder& trash = tree.OnPc(messageTrashPlace);
-    MessageRemoval toTrash(worker, tree, keeper, inbox, {&record});
-    EXPECT_TRUE(RunTask(toTrash));
-    EXPECT_EQ(Texts(trash), Strings{"x"});
-    MessageRemoval forGood(worker, tree, keeper, trash, {&record});
-    EXPECT_TRUE(RunTask(forGood));
-    EXPECT_TRUE(trash.records.empty());
-
-    std::vector<SmsRecord*> records;
-    for (const char16_t* const text : {u"a", u"b", u"c"})
-        records.push_back(&PutOnHandset(text, smsRead));
-    session.handset.SetFaults({"error=+CMGD:302,after=1,times=1"});
-    MessageRemoval onHandset(worker, tree, keeper, handsetInbox, records);
-    EXPECT_TRUE(RunTask(onHandset));
-    EXPECT_EQ(Texts(handsetInbox), Strings{"b"});
-    EXPECT_EQ(onHandset.Outcomes()[1].error, 302);
-    EXPECT_EQ(session.handset.Locations("ME"), (Locations{{2, 1}}));
-    EXPECT_NE(FailureWords(onHandset.Outcomes()).find(u"302"), std::u16string::npos);
 }
 
 }  // namespace

@@ -10,50 +10,6 @@ PduBuffer Reader(std::string_view octets) {
     return PduBuffer({reinterpret_cast<const uint8_t*>(octets.data()), octets.size()});
 }
 
-TEST(PduBuffer, BitsRunUpwardAndOctetsAlign) {
-    PduBuffer buffer;
-    buffer.putBits(1, 2);
-    buffer.putBit(true);
-    buffer.putBits(2, 2);
-    buffer.putOctet(0xA5);
-    buffer.putBit(true);
-    EXPECT_EQ(buffer.octetCount(), 3);
-    EXPECT_EQ(buffer.toHex(), "15A501");
-}
-
-TEST(PduBuffer, SeptetsPackAndUnpackAtEveryOffsetAndLength) {
-    PduBuffer known;
-    known.putSeptets("hellohello");
-    EXPECT_EQ(known.toHex(), "E8329BFD4697D9EC37");
-
-    for (int headerLength = 0; headerLength < 16; ++headerLength) {
-        for (int count = 1; count < 40; ++count) {
-            std::string text;
-            for (int i = 0; i < count; ++i)
-                text.push_back(static_cast<char>(127 - (i * 37 + headerLength) % 128));
-            PduBuffer writer;
-            writer.putOctet(0x77);
-            writer.markUserData();
-            writer.putOctets(std::string(headerLength, '\x5A'));
-            writer.putSeptets(text);
-            const size_t bits = (headerLength * 8u + 6) / 7 * 7 + count * 7u;
-            const std::string hex = writer.toHex();
-            ASSERT_EQ(hex.size() / 2, 1 + (bits + 7) / 8) << headerLength << ' ' << count;
-
-            std::string octets;
-            for (size_t i = 0; i < hex.size(); i += 2)
-                octets.push_back(static_cast<char>(std::stoi(hex.substr(i, 2), nullptr, 16)));
-            PduBuffer reader = Reader(octets);
-            reader.getOctet();
-            reader.markUserData();
-            std::string header(headerLength, '\0');
-            reader.getOctets(header);
-            EXPECT_EQ(reader.getSeptets(count), text) << headerLength;
-            EXPECT_FALSE(reader.overrun());
-        }
-    }
-}
-
 TEST(PduBuffer, EndsAreSilent) {
     PduBuffer full;
     full.putOctets(std::string(511, 'x'));
@@ -92,18 +48,6 @@ TEST(PduBuffer, SemiOctets) {
     EXPECT_EQ(back.getBcd(2), 7);
     EXPECT_EQ(back.getBcd(2), 5);
     EXPECT_EQ(back.getBcd(2), 164);
-}
-
-TEST(PduBuffer, ZoneCarriesItsSignInBit3) {
-    bool positive = false;
-    EXPECT_EQ(Reader("\x23").getZone(positive), 32);
-    EXPECT_TRUE(positive);
-    EXPECT_EQ(Reader("\x2B").getZone(positive), 32);
-    EXPECT_FALSE(positive);
-    PduBuffer buffer;
-    buffer.putZone(32, false);
-    buffer.putZone(32, true);
-    EXPECT_EQ(buffer.toHex(), "2B23");
 }
 
 TEST(GsmAlphabet, WritingFoldsAndReadingDoesNotUnfold) {

@@ -93,24 +93,5 @@ TEST(PduJson, EncodesWithDefaultsAndRefuses) {
         EXPECT_EQ(Encoded(object).substr(0, 6), "error:") << object;
 }
 
-TEST(PduJson, JoinsLines) {
-    test::ManualClock clock;
-    PduJoiner joiner(clock);
-    const std::string second = "00440B911316325476F8000870807041205182080500030A02020042";
-    EXPECT_FALSE(joiner.Take(second));
-    EXPECT_EQ((*joiner.Take("bad"))["line"], 2);
-    EXPECT_EQ((*joiner.Take("00040B911316325476F800087080704120518202"
-                            "0043"))["parts"]
-                  .dump(),
-              "[3]");
-    EXPECT_FALSE(joiner.Take("00440B911316325476F8000870807041205182080500030A02010041"));
-    EXPECT_FALSE(joiner.Take(second));
-    std::vector<Json> joined;
-    joiner.Finish([&](const Json& message) { joined.push_back(message); });
-    ASSERT_EQ(joined.size(), 1u);
-    EXPECT_EQ(joined[0]["text"], "AB");
-    EXPECT_EQ(joined[0]["parts"].dump(), "[4,1,5]") << "the exact double last";
-}
-
 }  // namespace
 }  // namespace tarnbridge

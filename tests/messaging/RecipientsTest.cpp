@@ -76,18 +76,5 @@ TEST(Recipients, AddingUpToTheLimit) {
     EXPECT_EQ(text.size(), 4096u);
 }
 
-TEST(Recipients, ARecordForEachOfItsNumbers) {
-    SmsRecord record;
-    record.text8 = "text";
-    record.address = SmsAddress("+491;0170, *5#;;", SmsAddress::unknown);
-    const std::vector<std::string> numbers = NumbersOf(record);
-    EXPECT_EQ(numbers, (std::vector<std::string>{"+491", "0170", "*5#"}));
-    const SmsRecord first = RecordForNumber(record, numbers[0]);
-    EXPECT_EQ(first.address, SmsAddress("+491", SmsAddress::international));
-    EXPECT_EQ(first.text8, "text");
-    EXPECT_EQ(RecordForNumber(record, numbers[1]).address.type, SmsAddress::unknown);
-    EXPECT_TRUE(NumbersOf(SmsRecord()).empty());
-}
-
 }  // namespace
 }  // namespace tarnbridge

@@ -319,18 +319,6 @@ TEST(SmsPdu, APartKeepsWhatTheLocalTextCannotHold) {
     EXPECT_EQ(AsDeliver(record), hex);
 }
 
-TEST(SmsPdu, TheMessageReferenceIsOneAheadInThePdu) {
-    ReferenceCounters::OfProcess().SetMessageReference(0xFF);
-    SmsRecord record;
-    std::string hex;
-    record.encodeSubmit(hex);
-    EXPECT_EQ(record.messageReference, 0xFF);
-    EXPECT_EQ(hex.substr(4, 2), "00");
-    record.encodeSubmit(hex);
-    EXPECT_EQ(record.messageReference, 0x00);
-    EXPECT_EQ(hex.substr(4, 2), "01");
-}
-
 TEST(ReferenceCounters, ConcatenationMovesByRandomSteps) {
     uint32_t next = 0x1180;
     ReferenceCounters counters([&next] { return next; });

@@ -61,13 +61,6 @@ TEST_F(SmsRecordEms, MadeOutOfWhatThereIs) {
     EXPECT_EQ(tooLong.text8.size(), 1531u);
 }
 
-TEST_F(SmsRecordEms, NoMessageNoParts) {
-    SmsRecord record;
-    record.rawParts = {"kept"};
-    EXPECT_FALSE(record.PrepareParts());
-    EXPECT_EQ(record.rawParts, std::vector<std::string>{"kept"});
-}
-
 TEST_F(SmsRecordEms, ACopyHasAMessageOfItsOwn) {
     SmsRecord record = LongRecord();
     SmsRecord copy = record;

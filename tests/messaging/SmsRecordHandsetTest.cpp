@@ -66,33 +66,6 @@ TEST_F(SmsRecordHandset, PlainTextGoesWhereTheHandsetPutsItInAsManyPartsAsItNeed
     EXPECT_TRUE(session.handset.Locations("SM").empty());
 }
 
-TEST_F(SmsRecordHandset, UnicodeTextIsCutAt70And67Characters) {
-    const std::pair<size_t, size_t> cases[] = {{70, 1}, {71, 2}, {670, 10}, {671, 0}};
-    for (const auto& [length, parts] : cases) {
-        SmsRecord record = Plain({});
-        record.dcs = 8;
-        record.text16 = std::u16string(length, u'\u4E2D');
-        EXPECT_EQ(Write(record, u"SM"), parts != 0) << length;
-        EXPECT_EQ(record.handsetIndices.size(), parts);
-        EXPECT_TRUE(record.Remove(link, error));
-    }
-}
-
-TEST_F(SmsRecordHandset, EmsHonoursTheMemoryUntilItIsFull) {
-    SmsRecord onPhone = Ems(u"phone");
-    ASSERT_TRUE(Write(onPhone, u"ME"));
-    EXPECT_EQ(onPhone.storage, u"ME");
-    EXPECT_EQ(onPhone.handsetIndices, std::vector<int>{21});
-    Fill("SM", 19);
-    SmsRecord lastOne = Ems(u"sim");
-    ASSERT_TRUE(Write(lastOne, u"SM"));
-    EXPECT_EQ(lastOne.handsetIndices, std::vector<int>{20});
-    SmsRecord overflow = Ems(std::u16string(200, u'x'));
-    ASSERT_TRUE(Write(overflow, u"SM"));
-    EXPECT_EQ(overflow.storage, u"ME") << "placed by the handset";
-    EXPECT_EQ(overflow.handsetIndices, (std::vector<int>{22, 23}));
-}
-
 TEST_F(SmsRecordHandset, TheStatusDecidesFormAndCommand) {
     struct Case {
         int status;
@@ -182,23 +155,6 @@ TEST_F(SmsRecordHandset, UpdateWritesAgainWhereItLay) {
     EXPECT_FALSE(record.Update(link, old, error));
     EXPECT_EQ(old.handsetIndices.size(), 2u);
     EXPECT_EQ(session.handset.Locations("ME").size(), 2u) << "nothing is written while the old one stands";
-}
-
-TEST_F(SmsRecordHandset, SendingPutsOutEachPartAndStopsAtTheFirstFailure) {
-    SmsRecord record = Ems(std::u16string(400, u'x'));
-    EXPECT_TRUE(record.Send(link, error));
-    EXPECT_EQ(record.status, smsSentFromHere);
-    EXPECT_TRUE(record.rawParts.empty());
-    SmsRecord plain = Plain(std::string(161, 'x'), smsComposed);
-    session.handset.SetFaults({"error=+CMGS:38,after=1"});
-    session.handset.ForgetCommands();
-    EXPECT_FALSE(plain.Send(link, error));
-    EXPECT_EQ(error, 38);
-    EXPECT_EQ(plain.status, smsComposed);
-
-    session.handset.SetFaults({"refuse-prompt=304"});
-    plain.status = smsDraft;
-    EXPECT_EQ(plain.WritePdu(link, error), -1) << "ends by the time-out";
 }
 
 TEST_F(SmsRecordHandset, MemoriesAreRememberedAndPutBack) {

@@ -81,20 +81,6 @@ TEST(EmsCompression, KnownBlocks) {
     }
 }
 
-TEST(EmsCompression, DistancesUpTo511) {
-    std::mt19937 random(11);
-    for (const int distance : {510, 511, 512}) {
-        const std::string group = "xyzw";
-        std::string filler = RandomBytes(random, distance - 4);
-        std::replace(filler.begin(), filler.end(), 'x', 'q');
-        const std::string bytes = group + filler + group;
-        const std::string coded = Compressed(bytes);
-        EXPECT_EQ(Decompressed(coded), bytes);
-        const bool isCopied = coded.substr(coded.size() - 2) == FromHex(distance == 510 ? "09FE" : "09FF");
-        EXPECT_EQ(isCopied, distance <= 511) << distance;
-    }
-}
-
 TEST(EmsCompression, SameAsTheRuleAndReversible) {
     std::mt19937 random(3);
     for (int trial = 0; trial < 300; ++trial) {

@@ -131,13 +131,5 @@ TEST_F(EmsCounters, OneSegmentAllowed) {
     EXPECT_EQ(EmsAllowSegments(&message, 11), EmsResult::InvalidData);
 }
 
-TEST_F(EmsCounters, WordsOfTheResults) {
-    EXPECT_EQ(EmsResultWord(EmsResult::NoRoom),
-              u"The message is too long (more than 10 SMS)!Last input may be lost!");
-    EXPECT_EQ(EmsResultWord(EmsResult::NoRoom, true), u"Not support long SMS, last input maybe lost.");
-    EXPECT_EQ(EmsResultWord(EmsResult::Done), u"");
-    EXPECT_EQ(EmsResultWord(EmsResult::NoFreeSlot), u"Unspecified Error!");
-}
-
 }  // namespace
 }  // namespace tarnbridge

@@ -92,19 +92,6 @@ TEST_F(EmsFormats, DeletingShrinksRemovesAndJoins) {
     }
 }
 
-TEST_F(EmsFormats, ActiveFormatIsTheOneBeforeTheCursor) {
-    const EmsTextFormat bold = Bold();
-    EmsTestMessage message;
-    AddText(&message, u"ab");
-    AddText(&message, u"cd", &bold);
-    AddText(&message, u"ef");
-    EmsResetCursor(&message);
-    for (const bool isActive : {false, false, false, true, true, false, false}) {
-        EXPECT_EQ(message.activeFormat != nullptr, isActive) << message.cursor;
-        MoveCursorForward(&message, 1);
-    }
-}
-
 TEST_F(EmsFormats, OctetsOfTheElement) {
     EmsTextFormat format;
     format.alignment = 1;
@@ -120,35 +107,6 @@ TEST_F(EmsFormats, OctetsOfTheElement) {
     EXPECT_EQ(BytesToHex(Write(message).at(0).substr(0, 12)), "0B0A030603F90A04090603C3");
     format.size = 12;
     EXPECT_EQ(AddText(&message, u"x", &format), EmsResult::InvalidObject);
-}
-
-TEST_F(EmsFormats, DividedOverSegmentsAndJoinedAgain) {
-    for (const uint8_t dcs : {uint8_t{0}, uint8_t{8}}) {
-        EmsTestMessage message(dcs);
-        const EmsTextFormat bold = Bold();
-        AddText(&message, u"start ");
-        AddText(&message, std::u16string(400, u'b'), &bold);
-        AddText(&message, u" end");
-        EXPECT_EQ(Formats(message), Lines{"12+800 13"});
-        const auto segments = Write(message);
-        for (size_t i = 0; i < segments.size(); ++i) {
-            const auto elements = Elements(segments[i]);
-            ASSERT_EQ(elements.size(), 2U) << "every segment has its part";
-            EXPECT_EQ(elements[1].second[0], i == 0 ? 6 : 0);
-        }
-        EmsTestMessage read;
-        ASSERT_EQ(Read(read, true, segments, dcs), EmsResult::Done);
-        EXPECT_EQ(Formats(read), Lines{"12+800 13"});
-        EXPECT_EQ(EmsText(read), EmsText(message));
-    }
-}
-
-TEST_F(EmsFormats, ColoursOfTheScreen) {
-    EXPECT_EQ(EmsScreenColour(3), 0xFF9900U);
-    EXPECT_EQ(EmsColourIndex(0xFF00FF), 15);
-    EXPECT_EQ(EmsColourIndex(0x123456), 9);
-    for (uint8_t index = 0; index < 16; ++index)
-        EXPECT_EQ(EmsColourIndex(EmsScreenColour(index)), index);
 }
 
 }  // namespace
