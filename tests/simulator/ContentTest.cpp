@@ -68,31 +68,6 @@ TEST(State, IsRefusedWithAReason) {
     }
 }
 
-TEST(Demo, HoldsWhatAStrictHandsetWouldTake) {
-    HandsetContent demo = HandsetContent::Demo();
-    size_t messages = 0;
-    int withoutText = 0;
-    for (const MessageMemory* memory : {&demo.simMessages, &demo.phoneMessages}) {
-        for (const auto& [location, message] : memory->items) {
-            const auto bytes = BytesOfHex(message.pdu);
-            ASSERT_TRUE(bytes);
-            const auto pdu = ReadPdu(*bytes, bytes->size() - ServiceCentreLength(*bytes));
-            ASSERT_TRUE(pdu) << message.pdu;
-            EXPECT_EQ(pdu->submit, message.stat >= 2);
-            EXPECT_LE(location, memory->capacity);
-            withoutText += pdu->userData.empty() ? 1 : 0;
-            ++messages;
-        }
-    }
-    EXPECT_GE(messages, 48u);
-    EXPECT_EQ(withoutText, 1);
-    for (const ContactStorage* storage : {&demo.simContacts, &demo.phoneContacts}) {
-        for (const auto& [slot, contact] : storage->items) {
-            EXPECT_LE(StoredLength(contact.name), static_cast<size_t>(storage->nameLength)) << slot;
-        }
-    }
-}
-
 // 3GPP TS 23.038 6.1.2.1.1: "hellohello" is a vector that many documents give.
 TEST(Pdu, PacksAsTheStandardSays) {
     MessageText message;

@@ -70,6 +70,5 @@ inline std::string Line(const std::string& text) {
 inline constexpr const char* submit = "0001000B915155100003F2000005E8329BFD06";
 inline constexpr int submitLength = 18;
 inline constexpr const char* deliver = "00040B915155100003F200007030415190624005E8329BFD06";
-inline constexpr int deliverLength = 24;
 
 }  // namespace tarnbridge::simulator

@@ -40,17 +40,6 @@ TEST(Handset, ReadsCommandLines) {
                    });
 }
 
-TEST(Handset, EchoesUntilTold) {
-    Dialogue dialogue;
-    EXPECT_EQ(dialogue.Ask("ATE1"), ok);
-    EXPECT_EQ(dialogue.Ask("AT"), std::string("AT\r") + ok);
-    EXPECT_EQ(dialogue.Say("AT+"), "AT+");
-    EXPECT_EQ(dialogue.Ask("CSQ"), "CSQ\r" + Line("+CSQ: 18,99") + ok);
-    EXPECT_EQ(dialogue.Ask("ATE0"), std::string("ATE0\r") + ok);
-    EXPECT_EQ(dialogue.Ask("ATZ"), ok);
-    EXPECT_EQ(dialogue.Ask("AT"), std::string("AT\r") + ok);
-}
-
 TEST(Handset, AnswersAsFeaturesSay) {
     Dialogue dialogue;
     Hold(dialogue, {
@@ -117,17 +106,6 @@ TEST(Handset, SaysWhatAPhoneWithoutASimSays) {
                    });
 }
 
-TEST(Handset, KeepsItsOwnTime) {
-    Dialogue dialogue;
-    Hold(dialogue, {
-                       {"AT+CCLK?", Line("+CCLK: \"07/03/14,15:09:26+04\"") + ok},
-                       {"AT+CCLK=\"08/02/28,23:59:60\"", Line("+CME ERROR: 3")},
-                       {"AT+CCLK=\"08/02/30,23:59:59\"", Line("+CME ERROR: 3")},
-                       {"AT+CCLK=\"99/12/31,23:59:59-20\"", ok},
-                       {"AT+CCLK?", Line("+CCLK: \"99/12/31,23:59:59-20\"") + ok},
-                   });
-}
-
 TEST(Handset, GivesErrorsInTheChosenForm) {
     Dialogue dialogue;
     Hold(dialogue, {
@@ -178,21 +156,6 @@ TEST(Messages, AreNumberedTheSameUnderEverySelection) {
                    });
 }
 
-TEST(Messages, SayThatThereIsNoSim) {
-    HandsetContent content = HandsetContent::Empty();
-    content.simMessages.capacity = 0;
-    content.simContacts.capacity = 0;
-    Dialogue dialogue(content);
-    Hold(dialogue, {
-                       {"AT+CPMS=?", Line("+CPMS: (\"ME\",\"MT\"),(\"ME\",\"MT\"),(\"ME\",\"MT\")") + ok},
-                       {"AT+CPMS?", Line("+CPMS: \"ME\",0,200,\"ME\",0,200,\"ME\",0,200") + ok},
-                       {"AT+CPMS=\"SM\"", Line("+CMS ERROR: 310")},
-                       {"AT+CPBS=\"SM\"", Line("+CME ERROR: 10")},
-                       {"AT+CPBS?", Line("+CPBS: \"ME\",0,250") + ok},
-                   });
-    EXPECT_EQ(dialogue.Send("AT+CMGW=18,2", submit), Line("+CMGW: 1") + ok);
-}
-
 TEST(Messages, BecomeReadWhenTheyAreRead) {
     Dialogue dialogue;
     EXPECT_EQ(dialogue.Send("AT+CMGW=24, 0", deliver), Line("+CMGW: 1") + ok);
@@ -207,14 +170,6 @@ TEST(Messages, BecomeReadWhenTheyAreRead) {
                        {"AT+CMGL=4", Line("+CMGL: 1,1,,24") + pdu + Line("+CMGL: 2,1,,24") + pdu + ok},
                    });
     EXPECT_EQ(dialogue.handset.Revision(), before + 2);
-}
-
-TEST(Messages, KeepTheStateThatTheyAreWrittenWith) {
-    for (const int stat : {2, 3, 5, 7}) {
-        Dialogue dialogue;
-        EXPECT_EQ(dialogue.Send(fmt::format("AT+CMGW=18, {}", stat), submit), Line("+CMGW: 1") + ok);
-        EXPECT_EQ(dialogue.Ask("AT+CMGR=1"), Line(fmt::format("+CMGR: {},,18", stat)) + submit + "\r\n" + ok);
-    }
 }
 
 TEST(Messages, RefuseWhatIsWrong) {
@@ -255,26 +210,6 @@ TEST(Messages, RefuseWhatIsWrong) {
                        {"AT+CMGS=0", invalid},
                    });
     EXPECT_TRUE(dialogue.handset.Content().simMessages.items.empty());
-}
-
-TEST(Messages, RefuseAFullMemoryAfterTheBody) {
-    HandsetContent content = HandsetContent::Empty();
-    content.simMessages.capacity = 1;
-    content.phoneMessages.capacity = 1;
-    Dialogue dialogue(content);
-    EXPECT_EQ(dialogue.Send("AT+CMGW=18,2", submit), Line("+CMGW: 1") + ok);
-    EXPECT_EQ(dialogue.Send("AT+CMGW=18,2", submit), Line("+CMS ERROR: 322"));
-    EXPECT_EQ(dialogue.Send("AT+CPMS=\"MT\",\"MT\";+CMGW=18,2", submit).substr(0, 9), "no prompt");
-    EXPECT_EQ(dialogue.Say(std::string(submit) + "\x1a"), Line("+CMGW: 2") + ok);
-    EXPECT_EQ(dialogue.Send("AT+CMGW=18,2", submit), Line("+CMS ERROR: 322"));
-}
-
-TEST(Messages, AreCancelledByEscape) {
-    Dialogue dialogue;
-    EXPECT_EQ(dialogue.Ask("AT+CMGW=18,2"), "\r\n> ");
-    EXPECT_EQ(dialogue.Say("0001\x1b"), ok);
-    EXPECT_TRUE(dialogue.handset.Content().simMessages.items.empty());
-    EXPECT_EQ(dialogue.Ask("AT"), ok);
 }
 
 TEST(Messages, ComeBackWhenSentToTheOwnNumber) {
