@@ -125,32 +125,6 @@ TEST(LineReader, DialoguesCutAtEveryByte) {
     }
 }
 
-TEST_F(LineReaderTest, UnsolicitedAtEveryGapOfAResponse) {
-    const std::vector<std::string> response = {"+X: 1", "+X: 2", "OK"};
-    for (const char* word :
-         {"RING", "+CMTI: \"SM\",3", "+CBMI: \"BM\",1", "+CDSI: \"SM\",1", "+CLIP: \"1\",129", "+EADC: 5",
-          "+GPIOS: 1", "+EKPDS: 1", "+BATS: 3", "NO CARRIER"}) {
-        for (size_t gap = 0; gap < response.size(); ++gap) {
-            std::vector<std::string> lines = response;
-            lines.insert(lines.begin() + static_cast<ptrdiff_t>(gap), word);
-            host.log.clear();
-            reader.SetUrcCallback({});
-            Expect("+X");
-            reader.Feed(test::Lines(lines));
-            EXPECT_EQ(host.log, "'+X' 1\n'+X' 2\n'OK'\n--\n") << word << " at gap " << gap;
-        }
-    }
-}
-
-TEST_F(LineReaderTest, HandedOverMessagesSwallowTheRest) {
-    for (const char* word : {"+CMT: ,20", "+CBM: 88", "+CDS: 25"}) {
-        host.log.clear();
-        reader.SetUrcCallback({});
-        reader.Feed(test::Lines({word}));
-        EXPECT_EQ(host.log, "swallowed\n") << word;
-    }
-}
-
 TEST_F(LineReaderTest, WhatIsKeptAndWhatIsPassedOver) {
     Expect("+X", true);
     reader.Feed(test::Lines({"OK", "+CMS ERROR: 1", "ERROR", "+X: 1", "OK"}));
@@ -221,15 +195,6 @@ TEST_F(LineReaderTest, LongLinesAreCut) {
     host.log.clear();
     reader.Feed("\r\n+X: 1\r\n" + std::string(20'000, 'b') + "\r\n" + test::Lines({"OK"}));
     EXPECT_EQ(host.log, "'+X' 1 '" + std::string(LineReader::longestLine, 'b') + "'\n'OK'\n--\n");
-}
-
-TEST_F(LineReaderTest, ResetForgetsEverything) {
-    Expect("+X");
-    reader.SetAwaitPrompt(true);
-    reader.Feed(std::string("\r\n+X: 1"));
-    reader.Reset();
-    reader.Feed("5\r\n" + test::Lines({"+X: 2", "OK"}));
-    EXPECT_EQ(host.log, "'OK'\n--\n");
 }
 
 TEST_F(LineReaderTest, CancelEndsFeeding) {

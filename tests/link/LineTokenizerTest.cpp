@@ -86,48 +86,10 @@ TEST_F(LineTokenizer, LinesThatMeanNothing) {
     EXPECT_EQ(Fields(std::string("+X: \"a\0b\"", 9), stop), "dropped") << "a zero byte in quotes";
 }
 
-TEST_F(LineTokenizer, StopsWhenAsked) {
-    cancel.Set();
-    EXPECT_EQ(Fields("+X: 1", stop), "dropped");
-    cancel.Reset();
-    abortParse = true;
-    EXPECT_EQ(Fields("+X: 1", stop), "dropped");
-}
-
 TEST_F(LineTokenizer, DepthDoesNotExhaustTheStack) {
     const std::string deep = "+X: " + std::string(8000, '(') + "1";
     EXPECT_EQ(Fields(deep, stop), "'+X' [] 1");
     EXPECT_EQ(Fields(deep + std::string(8000, ')') + ",2", stop), "'+X' [1] 2");
-}
-
-TEST(ATResult, ReadingOperations) {
-    ATResult result;
-    result.lines = {{ATParam::Flat("+X", true), ATParam::Flat("7", false), ATParam::Flat("\xE9", true)},
-                    {ATParam::Flat("OK", true)}};
-    std::string bytes = "before";
-    std::u16string text = u"before";
-    EXPECT_TRUE(result.GetString(bytes, 0, 2));
-    EXPECT_EQ(bytes, "\xE9");
-    EXPECT_TRUE(result.GetText(text, 0, 2));
-    EXPECT_EQ(text, u"\u00E9");
-    EXPECT_FALSE(result.GetText(text, 0, 1));
-    EXPECT_EQ(text, u"");
-    for (const auto& [line, param] : {std::pair{0, 3}, {2, 0}, {-1, 0}, {0, -1}}) {
-        EXPECT_FALSE(result.GetString(bytes, line, param));
-        EXPECT_EQ(result.GetNumber(line, param), -1);
-    }
-    EXPECT_EQ(result.GetNumber(0, 1), 7);
-    EXPECT_EQ(result.GetNumber(0, 2), -1) << "text";
-    EXPECT_TRUE(result.HasPrefix("+X"));
-    EXPECT_FALSE(result.HasPrefix(nullptr));
-    EXPECT_TRUE(result.IsOk());
-
-    result.lines[1] = {ATParam::Flat("+CMS ERROR", true), ATParam::Flat("321", false)};
-    EXPECT_FALSE(result.IsOk());
-    EXPECT_EQ(result.ErrorNumber(), 321);
-    EXPECT_EQ(result.GetNumber(1, 1), 321);
-    result.lines.insert(result.lines.begin(), result.lines[0]);
-    EXPECT_EQ(result.GetNumber(2, 1), -1) << "a line at or beyond its own number of fields";
 }
 
 }  // namespace
