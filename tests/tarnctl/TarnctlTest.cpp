@@ -166,17 +166,6 @@ TEST_F(Tarnctl, NoLink) {
     EXPECT_EQ(RunOnHandset({"ping"}).exitCode, 0) << "the next one works when the handset is back";
 }
 
-TEST_F(Tarnctl, UnpluggedInTheMiddleAndBack) {
-    handset.SetFaults({"unplug-after=40"});
-    const auto output = RunOnHandset({"sms", "raw-list", "--memory", "ME"});
-    EXPECT_EQ(output.exitCode, 1);
-    EXPECT_NE(output.errors, "");
-    EXPECT_EQ(RunOnHandset({"ping"}).exitCode, 3);
-    handset.SetFaults({});
-    handset.Plug();
-    EXPECT_EQ(RunOnHandset({"ping"}).exitCode, 0);
-}
-
 TEST_F(Tarnctl, APortHasOneUser) {
     handset.Script("AT+MUTE", "");
     auto first = Process::Start(TARNCTL, {"--port", handset.Path(), "at", "AT+MUTE", "--timeout", "0"});
