@@ -206,5 +206,30 @@ TEST_F(EmsRoundTrip, EveryStepLeavesTheMessageConsistentOrAsItWas) {
     }
 }
 
+TEST_F(EmsRoundTrip, CopyIsEqualAndApart) {
+    Author author(5);
+    EmsTestMessage message;
+    for (int step = 0; step < 12; ++step) {
+        AddText(&message, author.Text(message, 20));
+        author.Object(message);
+    }
+    MoveCursorBackward(&message, 7);
+    EmsTestMessage copy(8);
+    ASSERT_EQ(EmsCopy(&copy, &message), EmsResult::Done);
+    const auto objects = Describe(message);
+    EXPECT_EQ(Describe(copy), objects);
+    EXPECT_EQ(copy.cursor, message.cursor);
+    EXPECT_EQ(copy.segmentsUsed, message.segmentsUsed);
+    EXPECT_EQ(copy.totalLeft, message.totalLeft);
+    EmsRelease(&message);
+    CheckConsistent(copy);
+    EXPECT_EQ(Describe(copy), objects);
+    EmsResetCursor(&copy);
+    MoveCursorForward(&copy, emsLongestText);
+    Backspace(&copy, emsLongestText);
+    EXPECT_EQ(copy.first, nullptr);
+    EXPECT_EQ(copy.textLength, 0);
+}
+
 }  // namespace
 }  // namespace tarnbridge
