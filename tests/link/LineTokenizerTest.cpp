@@ -92,5 +92,12 @@ TEST_F(LineTokenizer, DepthDoesNotExhaustTheStack) {
     EXPECT_EQ(Fields(deep + std::string(8000, ')') + ",2", stop), "'+X' [1] 2");
 }
 
+TEST(ATResult, ANumberCountsOnlyInALineBelowItsOwnNumberOfFields) {
+    ATResult result;
+    result.lines.assign(3, {ATParam::Flat("+X", true), ATParam::Flat("7", false)});
+    EXPECT_EQ(result.GetNumber(1, 1), 7);
+    EXPECT_EQ(result.GetNumber(2, 1), -1);
+}
+
 }  // namespace
 }  // namespace tarnbridge

@@ -157,6 +157,14 @@ TEST_F(SmsRecordHandset, UpdateWritesAgainWhereItLay) {
     EXPECT_EQ(session.handset.Locations("ME").size(), 2u) << "nothing is written while the old one stands";
 }
 
+TEST_F(SmsRecordHandset, SendingPlainTextStopsAtTheFirstFailure) {
+    SmsRecord plain = Plain(std::string(161, 'x'), smsComposed);
+    session.handset.SetFaults({"error=+CMGS:38,after=1"});
+    EXPECT_FALSE(plain.Send(link, error));
+    EXPECT_EQ(error, 38);
+    EXPECT_EQ(plain.status, smsComposed);
+}
+
 TEST_F(SmsRecordHandset, MemoriesAreRememberedAndPutBack) {
     MemorySelection before;
     ASSERT_TRUE(GetMessageMemories(link, before));
