@@ -156,6 +156,21 @@ TEST(Messages, AreNumberedTheSameUnderEverySelection) {
                    });
 }
 
+TEST(Messages, SayThatThereIsNoSim) {
+    HandsetContent content = HandsetContent::Empty();
+    content.simMessages.capacity = 0;
+    content.simContacts.capacity = 0;
+    Dialogue dialogue(content);
+    Hold(dialogue, {
+                       {"AT+CPMS=?", Line("+CPMS: (\"ME\",\"MT\"),(\"ME\",\"MT\"),(\"ME\",\"MT\")") + ok},
+                       {"AT+CPMS?", Line("+CPMS: \"ME\",0,200,\"ME\",0,200,\"ME\",0,200") + ok},
+                       {"AT+CPMS=\"SM\"", Line("+CMS ERROR: 310")},
+                       {"AT+CPBS=\"SM\"", Line("+CME ERROR: 10")},
+                       {"AT+CPBS?", Line("+CPBS: \"ME\",0,250") + ok},
+                   });
+    EXPECT_EQ(dialogue.Send("AT+CMGW=18,2", submit), Line("+CMGW: 1") + ok);
+}
+
 TEST(Messages, BecomeReadWhenTheyAreRead) {
     Dialogue dialogue;
     EXPECT_EQ(dialogue.Send("AT+CMGW=24, 0", deliver), Line("+CMGW: 1") + ok);
