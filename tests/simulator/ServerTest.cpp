@@ -107,6 +107,20 @@ TEST(Server, LeavesNothingToTheNextUser) {
     EXPECT_EQ(second.Ask("AT"), ok);
 }
 
+TEST(Server, KeepsItsPromptWhenThePcIsGone) {
+    test::VirtualHandset handset;
+    {
+        Terminal first(handset.Path());
+        first.Ask("ATE0");
+        first.Write("AT+CMGW=18,2\r");
+        EXPECT_EQ(first.Until("> "), "\r\n> ");
+    }
+    Terminal second(handset.Path());
+    second.Write("AT\r\x1b");
+    EXPECT_EQ(second.Until(ok), ok) << "that was a body, and Escape has ended it";
+    EXPECT_EQ(second.Ask("AT"), ok);
+}
+
 TEST(Server, ComesBackBehindTheSameLink) {
     test::VirtualHandset handset;
     for (int i = 0; i < 20; ++i) {
