@@ -187,8 +187,8 @@ std::string IsoTime(const SmsTimestamp& time) {
     std::string iso = fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", time.FullYear(), time.month,
                                   time.day, time.hour, time.minute, time.second);
     if (time.zoneMinutes <= 14 * 60)
-        iso += fmt::format("{}{:02}:{:02}", time.zonePositive || time.zoneMinutes == 0 ? '+' : '-', time.zoneMinutes / 60,
-                           time.zoneMinutes % 60);
+        iso += fmt::format("{}{:02}:{:02}", time.zonePositive || time.zoneMinutes == 0 ? '+' : '-',
+                           time.zoneMinutes / 60, time.zoneMinutes % 60);
     return iso;
 }
 

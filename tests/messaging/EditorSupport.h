@@ -9,6 +9,7 @@ namespace tarnbridge {
 
 inline constexpr EmsTextFormat boldFormat{.bold = 1};
 inline constexpr FormatChange bold{.bold = 1};
+inline constexpr FormatChange italic{.italic = 1};
 inline constexpr FormatChange centred{.alignment = 1};
 
 /// What is shown as one line: the text with ¶ for a line end and o for an object, each run in front of which
