@@ -129,7 +129,8 @@ void MessageDownload::EmptyMirror() {
 /// Of the old picture stays what nobody has looked at.
 void MessageDownload::PutBack() {
     const std::vector<Memory>& listed = memories_->listed;
-    for (auto& [place, record] : old_) {
+    for (auto& [place, owned] : old_) {
+        std::unique_ptr<SmsRecord> record = std::move(owned);
         const std::vector<int>& locations = record->handsetIndices;
         const auto memory = std::find_if(listed.begin(), listed.end(), [&](const Memory& candidate) {
             return candidate.name == record->storage;
