@@ -209,9 +209,9 @@ TEST_F(LinkCampaign, EachKindOfExchangeIsBrokenOff) {
                 EXPECT_TRUE(session.Connect() && link.EnsureSession());
                 handset.SetFaults(
                     {fmt::format("late={}:3000,times=1", exchange.place), "late=+EFSR:400,times=1"});
-                std::thread user([&] {
+                std::thread user([&, chosen = act] {
                     session.clock.Sleep(moment);
-                    act();
+                    chosen();
                 });
                 exchange.run(link);
                 user.join();
