@@ -23,8 +23,8 @@ namespace tarnbridge {
 /// | flush done | read thread | Flush |
 /// | abort | BreakOff, a hang-up | read thread: hands over an empty result |
 /// | broken off | read thread, with that result | caller that waits for the prompt |
-/// | cancel | Flush, BreakOff, a caller that gives up | read thread, also in a line: forgets what it has in
-/// hand | | arrived | read thread, when bytes have come | AwaitQuiet, a caller that looks for signs of life |
+/// | cancel | Flush, BreakOff, a caller that gives up | read thread, also in a line: forgets it |
+/// | arrived | read thread, when bytes have come | AwaitQuiet, a caller that looks for signs of life |
 class LinkPort : public WorkerThread {
 public:
     /// Sends all the bytes; false after a second failure.

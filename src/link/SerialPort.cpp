@@ -162,8 +162,6 @@ void SerialPort::ServeSignals() {
     bool cancelled = false;
     {
         const std::lock_guard guard(signals_);
-        aborted = abort_.IsSet();
-        cancelled = cancel_.IsSet();
         // Whether an abort has someone to free is asked before a flush is answered: the caller that waits for
         // the flush may make its own command active at once, and it isn't that command which is to be broken
         // off.

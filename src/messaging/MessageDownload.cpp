@@ -8,6 +8,7 @@
 #include "messaging/JoinParts.h"
 
 namespace tarnbridge {
+
 MessageDownload::MessageDownload(BackgroundWorker& worker, MessageTree tree, std::u16string only)
     : MemoryTask(worker), tree_(tree), only_(std::move(only)), memories_(std::make_shared<Memories>()) {}
 

@@ -95,7 +95,7 @@ bool MessageFolders::Move(MessageFolder& folder, MessageFolder& under) {
 
 bool MessageFolders::CleanTrash() {
     MessageFolder& trash = tree_.OnPc(messageTrashPlace);
-    if (user_.Ask(CleanTrashQuestion(trash)) != Answer::Yes) return false;
+    if (user_.Ask(FolderForGoodQuestion(trash)) != Answer::Yes) return false;
     trash.RemoveRecords();
     trash.RemoveChildren();
     keeper_.PcFoldersChanged();

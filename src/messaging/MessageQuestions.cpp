@@ -73,10 +73,6 @@ Question FolderForGoodQuestion(const MessageFolder& folder) {
     return ForGood(Word::DeleteForGood, Words(Word::FolderGone, {NameOf(folder), CountWithin(folder)}));
 }
 
-Question CleanTrashQuestion(const MessageFolder& trash) {
-    return FolderForGoodQuestion(trash);
-}
-
 Question ReadQuestion() {
     return {.words = Words(Word::DownloadMessages),
             .effect = Words(Word::ReadingEffect),

@@ -18,9 +18,9 @@ Question DeleteQuestion(const MessageTree& tree, const MessageFolder& folder,
 
 /// Before a folder goes: Yes to the trash can, No for good.
 Question FolderToTrashQuestion(const MessageTree& tree, const MessageFolder& folder);
-Question FolderForGoodQuestion(const MessageFolder& folder);
 
-Question CleanTrashQuestion(const MessageFolder& trash);
+/// Before all that is in a folder goes for good.
+Question FolderForGoodQuestion(const MessageFolder& folder);
 
 Question ReadQuestion();
 

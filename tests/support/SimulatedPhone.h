@@ -64,14 +64,9 @@ public:
     /// How often this command line has been heard since then.
     size_t Count(const std::string& line);
 
-    /// The locations in use of "SM" or "ME", each of its memory's own counting, with their states.
+    /// As StatesIn.
     std::map<int, int> Locations(const std::string& memory) {
-        return With([&](simulator::HandsetContent& content) {
-            std::map<int, int> states;
-            for (const auto& [location, message] : content.Messages(memory)->items)
-                states[location] = message.stat;
-            return states;
-        });
+        return With([&](simulator::HandsetContent& content) { return StatesIn(content, memory); });
     }
 
     /// The program behind the open device is killed, as far as the phone can see: the device is dead, and the

@@ -18,6 +18,14 @@ struct VirtualHandsetOptions {
     int baud = 0;                          ///< 0: as fast as it goes
 };
 
+/// The locations in use of "SM" or "ME", each of its memory's own counting, with their states.
+inline std::map<int, int> StatesIn(const simulator::HandsetContent& content, const std::string& memory) {
+    std::map<int, int> states;
+    for (const auto& [location, message] : content.Messages(memory)->items)
+        states[location] = message.stat;
+    return states;
+}
+
 /// A handset for a test, in this process, behind a device that the code under test opens. It is plugged in
 /// when the constructor returns, and everything that goes wrong in making it ends the test program with a
 /// word.
@@ -56,14 +64,9 @@ public:
     /// Waits, 10 s at most, until this command line has been heard since the last ForgetCommands.
     bool AwaitCommand(const std::string& line) { return server_->AwaitCommand(line, Milliseconds(10'000)); }
 
-    /// The locations in use of "SM" or "ME", each of its memory's own counting, with their states.
+    /// As StatesIn.
     std::map<int, int> Locations(const std::string& memory) {
-        return With([&](simulator::HandsetContent& content) {
-            std::map<int, int> states;
-            for (const auto& [location, message] : content.Messages(memory)->items)
-                states[location] = message.stat;
-            return states;
-        });
+        return With([&](simulator::HandsetContent& content) { return StatesIn(content, memory); });
     }
 
     void Unplug() { server_->Unplug(); }
